@@ -1,0 +1,11 @@
+// The ids of every resource. Read by the resource compiler and by C++ alike.
+#pragma once
+
+// Messages of the contour files.
+#define IDS_XML_SECOND_ROOT 30320
+#define IDS_XML_WRITE_POINT_COUNT 30321
+#define IDS_XML_READ_TYPE 30340
+#define IDS_XML_READ_POINT_COUNT 30341
+
+// Message of a configuration key that can't be read: key, group, file.
+#define IDS_READ_KEYWORD 30350
