@@ -1,0 +1,19 @@
+// The calling thread's last error.
+#include "platform/gdi/gdi.h"
+
+namespace
+{
+
+thread_local DWORD lastError = ERROR_SUCCESS;
+
+} // namespace
+
+DWORD GetLastError()
+{
+    return lastError;
+}
+
+void SetLastError(DWORD error)
+{
+    lastError = error;
+}
