@@ -9,3 +9,6 @@
 
 // Message of a configuration key that can't be read: key, group, file.
 #define IDS_READ_KEYWORD 30350
+
+// Message of a failed drawing call: its name, its error number.
+#define IDS_GDI_FAILED 30351
