@@ -1,6 +1,11 @@
 // The ids of every resource. Read by the resource compiler and by C++ alike.
 #pragma once
 
+#include "resource_editor.h"
+#include "resource_mask.h"
+#include "resource_view.h"
+#include "resource_workbench.h"
+
 // Messages of the contour files.
 #define IDS_XML_SECOND_ROOT 30320
 #define IDS_XML_WRITE_POINT_COUNT 30321

@@ -1,0 +1,2 @@
+// The editor's resource ids.
+#pragma once

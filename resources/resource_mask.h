@@ -1,0 +1,2 @@
+// The mask's resource ids.
+#pragma once

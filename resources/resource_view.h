@@ -1,0 +1,2 @@
+// The view's resource ids.
+#pragma once

@@ -1,0 +1,2 @@
+// The workbench's resource ids.
+#pragma once
