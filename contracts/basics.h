@@ -1,6 +1,7 @@
 // The vocabulary of the system: values, containers, buffers, text, exceptions, mathematics.
 #pragma once
 
+#include "contracts/basics/KvAtomicFile.h"
 #include "contracts/basics/KvBuffers.h"
 #include "contracts/basics/KvException.h"
 #include "contracts/basics/KvExceptionManager.h"
