@@ -1,0 +1,79 @@
+// The pixel store behind an AOI. Several AOIs may share one.
+#pragma once
+
+#include "contracts/basics/KvBuffers.h"
+#include "contracts/basics/KvPoint.h"
+#include "contracts/image/KvColor.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+
+namespace KvN
+{
+
+enum DeviceType
+{
+    DeviceNone = 0,
+    Device8 = 1, // the values run up to 255
+    Device32Float = 2,
+    Device32Color = 3
+};
+
+class KvDevice
+{
+public:
+    virtual ~KvDevice() = default;
+    virtual DeviceType Type() const = 0;
+
+    // Counts the times that somebody got hold of the pixels for writing; tells whether something computed from them
+    // may be out of date.
+    std::uint64_t Generation() const { return generation; }
+
+protected:
+    std::uint64_t generation = 0;
+};
+
+// Pixels row after row, top row first, all 0 at first. A device made by `std::make_shared` lives as long as the last
+// AOI that shows it; any other must outlive its AOIs.
+template <class T, DeviceType type>
+class KvTDevice : public KvDevice, public std::enable_shared_from_this<KvTDevice<T, type>>
+{
+public:
+    using Pixel = T;
+
+    // A negative width or height counts as 0.
+    explicit KvTDevice(const KvTSize<short>& size_)
+        : size(std::max<short>(size_.width, 0), std::max<short>(size_.height, 0)), pixels(size.width, size.height)
+    {
+    }
+    // Takes pixels over without copying them. The buffer must not be larger than 32767 each way.
+    explicit KvTDevice(KvTBuf2D<T>&& from) : size(static_cast<short>(from.width), static_cast<short>(from.height))
+    {
+        std::swap(pixels.data, from.data);
+        std::swap(pixels.width, from.width);
+        std::swap(pixels.height, from.height);
+    }
+
+    DeviceType Type() const override { return type; }
+    const KvTSize<short>& Size() const { return size; }
+
+    // The row's first pixel; y must lie within. A pointer for writing is to be fetched anew after the device has been
+    // read through an AOI, so that what was derived from the pixels is known to be old.
+    T* Row(int y)
+    {
+        ++generation;
+        return pixels.Row(y);
+    }
+    const T* Row(int y) const { return pixels.Row(y); }
+
+private:
+    KvTSize<short> size;
+    KvTBuf2D<T> pixels;
+};
+
+using KvDev8 = KvTDevice<unsigned char, Device8>;
+using KvDev32Float = KvTDevice<float, Device32Float>;
+using KvDev32Color = KvTDevice<KvColor, Device32Color>;
+
+} // namespace KvN
