@@ -231,9 +231,10 @@ public:
 
     // ---- Intersections ----------------------------------------------------------------------------------------------
 
-    // 1 if the segment a-b crosses the figure's edges, with the crossings in `out`, which is emptied first. They are
-    // sorted by x along the segment's main direction, by x for steep segments too. A polyline counts as closed here.
-    // Ellipses, circles and segments shorter than Epsilon give 0. The pointer list owns its new vectors.
+    // 1 if the segment a-b crosses the figure's edges, with the crossings in `out`, which is emptied first, from b back
+    // to a. They are sorted by x alone: in a steep segment by falling x if it runs down, by growing x if it runs up. A
+    // polyline counts as closed here. Segments shorter than Epsilon give 0; ellipses and circles give 0 and leave `out`
+    // as it is. The pointer list owns its new vectors.
     int IntersectionsLineContour(const KvVec2d& a, const KvVec2d& b, KvTPList<KvVec2d>& out) const;
     int IntersectionsLineContour(const KvVec2d& a, const KvVec2d& b, KvTList<KvVec2d>& out) const;
     static int IntersectionsLinePoly(const KvVec2d& a, const KvVec2d& b, const KvTList<KvVec2d>& points,
