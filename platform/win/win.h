@@ -1,0 +1,25 @@
+// Windows, messages, menus, dialogs and controls, in one header. Names and signatures are the platform's, with text as
+// `const CString&`. For hosts with their own Qt layout see qt_host.h, for input by program input.h, modal.h, screen.h.
+#pragma once
+
+#include "platform/win/app.h"
+#include "platform/win/button.h"
+#include "platform/win/cmdtarget.h"
+#include "platform/win/cursor.h"
+#include "platform/win/ddx.h"
+#include "platform/win/dialog.h"
+#include "platform/win/document.h"
+#include "platform/win/edit.h"
+#include "platform/win/framewnd.h"
+#include "platform/win/menu.h"
+#include "platform/win/messages.h"
+#include "platform/win/msgmap.h"
+#include "platform/win/paintdc.h"
+#include "platform/win/scrollbar.h"
+#include "platform/win/scrollview.h"
+#include "platform/win/slider.h"
+#include "platform/win/static.h"
+#include "platform/win/toolbar.h"
+#include "platform/win/user.h"
+#include "platform/win/view.h"
+#include "platform/win/wnd.h"
