@@ -2,9 +2,9 @@
 #include "C/syContourXMLImport.h"
 
 #include "C/syContourXMLExport.h"
+#include "tests/C/comma_locale.h"
 #include "tests/C/contour_xml.h"
 
-#include <clocale>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -12,6 +12,7 @@
 #include <random>
 
 using namespace KvN;
+using kv::testing::CommaLocale;
 using kv::testing::Figure;
 using kv::testing::Thrown;
 using Import = KvContourXMLImport;
@@ -460,16 +461,16 @@ TEST_F(ContourXMLFile, ALocaleWithACommaChangesNothing)
     KvContourXMLExport().Execute(Path(), contours);
     std::ifstream plainFile(folder / "ä b.xml");
     const std::string plain{std::istreambuf_iterator<char>(plainFile), {}};
-    const bool comma = std::setlocale(LC_ALL, "de_DE.UTF-8") != nullptr;
-    const KvTList<KvContour> back = RoundTrip(contours);
-    std::setlocale(LC_ALL, "C");
+    {
+        const CommaLocale comma;
+        ASSERT_TRUE(comma.InForce());
+        const KvTList<KvContour> back = RoundTrip(contours);
+        ASSERT_EQ(back.count, 1);
+        EXPECT_EQ(back[0].CurvePositions()[0].x, 1.5);
+        EXPECT_EQ(back[0].CurvePositions()[1].x, 4.125);
+    }
     std::ifstream localFile(folder / "ä b.xml");
     EXPECT_EQ((std::string{std::istreambuf_iterator<char>(localFile), {}}), plain);
-    ASSERT_EQ(back.count, 1);
-    EXPECT_EQ(back[0].CurvePositions()[0].x, 1.5);
-    EXPECT_EQ(back[0].CurvePositions()[1].x, 4.125);
-    if (!comma)
-        std::puts("note: no locale with a decimal comma is installed here");
 }
 
 TEST_F(ContourXMLFile, APolygonOfTheMostPointsSurvives)

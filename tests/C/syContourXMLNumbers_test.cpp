@@ -2,9 +2,9 @@
 #include "C/syContourXMLNumbers_p.h"
 
 #include "contracts/basics/KvString.h"
+#include "tests/C/comma_locale.h"
 
 #include <bit>
-#include <clocale>
 #include <cmath>
 #include <cstdio>
 #include <gtest/gtest.h>
@@ -160,9 +160,9 @@ TEST(ContourXMLNumbers, RandomTextsAreReadAsKvStringReadsThem)
 
 TEST(ContourXMLNumbers, ThePointStaysAPointInEveryLocale)
 {
-    bool comma = false;
-    for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8"})
-        comma = comma || (std::setlocale(LC_ALL, name) && Printed("%.1f", 0.5) == "0,5");
+    const kv::testing::CommaLocale comma;
+    ASSERT_TRUE(comma.InForce());
+    ASSERT_EQ(Printed("%.1f", 0.5), "0,5");
     EXPECT_STREQ(numbers::Text(1234.5, 4, 3).Utf8(), "1234.500");
     double value = 0.0;
     EXPECT_TRUE(numbers::Read("1234.5", value));
@@ -170,7 +170,4 @@ TEST(ContourXMLNumbers, ThePointStaysAPointInEveryLocale)
     EXPECT_TRUE(numbers::Read("0.12345678901234567", value));
     EXPECT_EQ(value, 0.12345678901234567);
     EXPECT_FALSE(numbers::Read("1,5", value));
-    std::setlocale(LC_ALL, "C");
-    if (!comma)
-        std::puts("note: no locale with a decimal comma is installed here");
 }
