@@ -31,8 +31,8 @@ public:
 
     ~KvAOIBaseViewWnd() override;
 
-    BOOL Create(const CString& className, const CString& windowName, DWORD style, const RECT& rect, CWnd* parent, UINT id,
-                CCreateContext* context) override;
+    BOOL Create(const CString& className, const CString& windowName, DWORD style, const RECT& rect, CWnd* parent,
+                UINT id, CCreateContext* context) override;
     BOOL PreCreateWindow(CREATESTRUCT& cs) override;
     BOOL PreTranslateMessage(MSG* message) override;
     BOOL OnScrollBy(CSize scroll, BOOL doScroll) override;
@@ -241,7 +241,7 @@ protected:
     void OnRButtonDown(UINT flags, CPoint point);
     void OnRButtonUp(UINT flags, CPoint point);
     void OnMouseMove(UINT flags, CPoint point);
-    LRESULT OnMouseLeave(WPARAM wParam, LPARAM lParam);
+    LRESULT OnMouseLeave();
     BOOL OnSetCursor(CWnd* wnd, UINT hitTest, UINT message);
     void OnKeyDown(UINT key, UINT repeat, UINT flags);
     void OnKeyUp(UINT key, UINT repeat, UINT flags);
@@ -255,19 +255,21 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    class PaintScope;
-
     void Init();
+    void SetAspectRatioMaintained(int on);
+    void ReturnToDefaultZoom();
     KvTRectangle<short> WholeArea() const;
     KvTRectangle<short> VisibleArea() const;
-    void PaintAndCall(CDC* target, const KvTRectangle<short>& visible, const KvTools::Link& handler);
-    void CallPrintingHandlers(CDC* dc);
-    void DrawShrunk(CDC* dc, const KvTRectangle<short>& visible);
-    void DrawPlain(CDC* dc, const KvTRectangle<short>& visible);
-    void DrawThroughMemDC(CDC* dc, const KvTRectangle<short>& visible);
+    void ShowOverlay(CDC* dc) const;
     template <class Body>
     void RunPaint(CDC* dc, Body body);
+    void DrawPlain(CDC* dc);
+    void DrawShrunk(CDC* dc);
+    void PaintOn(CDC* target, const KvTRectangle<short>& visible, bool printing);
+    void CallPrintingHandlers(CDC* dc);
     void OpenContextMenu(UINT resource, bool backgrounds, CPoint point);
+    void AddLutPopup(CMenu& menu) const;
+    void AddBackgroundPopup(CMenu& menu);
 
 protected:
     // In the order in which the class has always kept them. Editors read and write some of them through the operations
