@@ -9,3 +9,7 @@
 #define IDC_EDITOR_MOVE_POINT 17504
 #define IDC_EDITOR_MOVE_OBJECT 17505
 #define IDC_EDITOR_NEW_POINT 17506
+
+// Messages of the marker list: the ID or the name that is missing.
+#define IDS_MARKER_UNKNOWN_ID 17510
+#define IDS_MARKER_UNKNOWN_NAME 17511

@@ -210,7 +210,8 @@ TEST_F(UndoManager, ListenerThatSavesOrUndoesDuringAnUndoStartsNoStep)
 {
     Change(1);
     Change(2);
-    subject.onWrite = [this] {
+    subject.onWrite = [this]
+    {
         manager.AddState(new NumberState(subject));
         manager.Undo();
     };
