@@ -4,16 +4,42 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <regex>
+#include <optional>
+#include <string_view>
 
 namespace kv::house
 {
 namespace fs = std::filesystem;
 namespace
 {
+struct IncludeLine
+{
+    bool quoted;
+    std::string header;
+};
+
+// `#include "header"` or `#include <header>`, blanks allowed where the language allows them.
+std::optional<IncludeLine> ParseInclude(std::string_view line)
+{
+    const auto skip = [&line](std::string_view word) {
+        line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+        const bool found = line.starts_with(word);
+        line.remove_prefix(found ? word.size() : 0);
+        return found;
+    };
+    if (!skip("#") || !skip("include"))
+        return std::nullopt;
+    const bool quoted = skip("\"");
+    if (!quoted && !skip("<"))
+        return std::nullopt;
+    const size_t end = line.find(quoted ? '"' : '>');
+    if (end == std::string_view::npos)
+        return std::nullopt;
+    return IncludeLine{quoted, std::string(line.substr(0, end))};
+}
+
 SourceFile Read(const fs::path& root, const fs::path& file)
 {
-    static const std::regex include(R"(^\s*#\s*include\s*(["<])([^">]+)[">])");
     SourceFile result{fs::relative(file, root).generic_string(), {}, {}, {}};
     std::ifstream in(file);
     std::string line;
@@ -21,9 +47,8 @@ SourceFile Read(const fs::path& root, const fs::path& file)
     {
         if (number == 1)
             result.firstLine = line;
-        std::smatch match;
-        if (std::regex_search(line, match, include))
-            (match[1] == "\"" ? result.quotedIncludes : result.angledIncludes).push_back({match[2], number});
+        if (const auto include = ParseInclude(line))
+            (include->quoted ? result.quotedIncludes : result.angledIncludes).push_back({include->header, number});
     }
     return result;
 }
