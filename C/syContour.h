@@ -107,8 +107,9 @@ public:
     // 1 if type and point count are the same and no point lies further from its partner than this object's tolerance.
     // No other field is compared, and only the left side's tolerance counts.
     int operator==(const KvContour& other);
-    // The same: lets two non-const contours be compared without an ambiguity of C++20.
+    // The same: without them C++20 would take a == b for b == a where a's operator needs a non-const object.
     int operator==(KvContour& other) { return *this == static_cast<const KvContour&>(other); }
+    int operator==(KvContour&& other) { return *this == static_cast<const KvContour&>(other); }
 
     // Compare functions for lists, by `ID` and by `SequenceID`: 1 if a's is greater, -1 if it is smaller, else 0.
     static long CmpFunc(KvContour* a, KvContour* b);

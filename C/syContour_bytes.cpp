@@ -40,10 +40,7 @@ private:
 class Reader
 {
 public:
-    explicit Reader(const Bytes& source)
-        : at(source.data), left(source.size > 0 ? static_cast<std::size_t>(source.size) : 0)
-    {
-    }
+    explicit Reader(const Bytes& source) : at(source.data), left(static_cast<std::size_t>(source.size)) {}
 
     std::size_t Left() const { return left; }
 
@@ -173,6 +170,8 @@ void KvContour::ToByteArray(KvTArray<unsigned char>& bytes)
 void KvContour::FromByteArray(const KvTArray<unsigned char>& bytes)
 {
     Init();
+    if (bytes.size < 1)
+        return;
     Reader reader(bytes);
     if (!ReadContour(reader, *this))
         Init();
