@@ -28,21 +28,21 @@ public:
     ~KvTSignal() { Clear(); }
 
     // Appends a descriptor made by new, which is the signal's from now on. The list's cursor stays on it.
-    void Connect(SlotDescriptor* slot) { slots.AddTail(slot); }
+    void Connect(SlotDescriptor* slot) { objectSlots.AddTail(slot); }
     void Connect(StaticSlotDescriptor* slot) { staticSlots.AddTail(slot); }
     void Connect(void* object, void (*function)(void*, Arg)) { Connect(new SlotDescriptor{object, function}); }
     void Connect(void (*function)(Arg)) { Connect(new StaticSlotDescriptor{function}); }
 
-    int SlotCount() const { return slots.count; }
+    int SlotCount() const { return objectSlots.count; }
     int StaticSlotCount() const { return staticSlots.count; }
 
     // Calls every slot once, in the order of connecting, object slots before static ones. A slot connected meanwhile is
     // called, too.
     void Emit(Arg argument)
     {
-        ClearCalled(slots);
+        ClearCalled(objectSlots);
         ClearCalled(staticSlots);
-        Walk(slots, [&](SlotDescriptor& slot) { slot.function(slot.object, argument); });
+        Walk(objectSlots, [&](SlotDescriptor& slot) { slot.function(slot.object, argument); });
         Walk(staticSlots, [&](StaticSlotDescriptor& slot) { slot.function(argument); });
     }
     void operator()(Arg argument) { Emit(argument); }
@@ -50,10 +50,10 @@ public:
     // Deletes all slots, each list from the last to the first.
     void Clear()
     {
-        DeleteAll(slots);
+        DeleteAll(objectSlots);
         DeleteAll(staticSlots);
         staticSlots.Clear();
-        slots.Clear();
+        objectSlots.Clear();
     }
 
 private:
@@ -90,7 +90,8 @@ private:
             delete node->value;
     }
 
-    KvTList<SlotDescriptor*> slots;
+    // Not named `slots`, which is a macro in Qt programs.
+    KvTList<SlotDescriptor*> objectSlots;
     KvTList<StaticSlotDescriptor*> staticSlots;
 };
 
