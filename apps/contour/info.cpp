@@ -46,10 +46,13 @@ using Cells = std::array<std::string, columns>;
 const Cells header = {"#",    "id", "type", "valid", "area", "length", "centre", "box (left, top, right, bottom)",
                       "angle"};
 
+// A zero has no sign for a reader.
 std::string Fixed(double value)
 {
-    char text[336];
-    return {text, std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 3).ptr};
+    char digits[336];
+    const auto end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, 3).ptr;
+    const std::string text(digits, end);
+    return text == "-0.000" ? text.substr(1) : text;
 }
 
 Cells CellsOf(int place, const KvContour& contour)
@@ -116,13 +119,13 @@ void PrintTable(const KvTList<KvContour>& contours)
 
 // ---- JSON -----------------------------------------------------------------------------------------------------------
 
-// JSON knows neither infinity nor not-a-number.
+// JSON knows neither infinity nor not-a-number. A zero loses its sign.
 std::string Json(double value)
 {
     if (!std::isfinite(value))
         return "null";
     char text[32];
-    return {text, std::to_chars(text, text + sizeof text, value).ptr};
+    return {text, std::to_chars(text, text + sizeof text, value == 0.0 ? 0.0 : value).ptr};
 }
 
 std::string Json(const KvString& text)
