@@ -1,7 +1,7 @@
 // Access to the bits behind a device context.
 #include "platform/gdi/surface.h"
 
-#include "platform/gdi/gdi.h"
+#include "platform/gdi/dc.h"
 
 #include <algorithm>
 #include <cmath>
@@ -28,10 +28,25 @@ POINT DeviceMapping::toDevice(double x, double y) const
     return {nearest(x * m11 + y * m21 + dx), nearest(x * m12 + y * m22 + dy)};
 }
 
-bool surfaceOf(HDC, Surface&)
+bool surfaceOf(HDC handle, Surface& surface)
 {
-    SetLastError(ERROR_NOT_SUPPORTED);
-    return false;
+    const auto dc = findDc(handle);
+    if (!dc)
+        return false;
+    const PixelView view = dc->bitmap->pixels();
+    surface.top = view.top;
+    surface.stride = view.stride;
+    surface.width = view.width;
+    surface.height = view.height;
+    surface.depth = view.depth;
+    surface.palette = dc->bitmap->table().empty() ? nullptr : dc->bitmap->table().data();
+    surface.clip = dc->visible();
+    surface.clipBox = surface.clip.empty() ? RECT{0, 0, 0, 0} : surface.clip.front();
+    for (const RECT& r : surface.clip)
+        surface.clipBox = {std::min(surface.clipBox.left, r.left), std::min(surface.clipBox.top, r.top),
+                           std::max(surface.clipBox.right, r.right), std::max(surface.clipBox.bottom, r.bottom)};
+    surface.mapping = dc->state.mapping.toDevice();
+    return true;
 }
 
 } // namespace kv::gdi

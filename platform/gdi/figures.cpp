@@ -1,0 +1,438 @@
+// Lines and figures: what is filled, what is stroked, and in which order.
+#include "platform/gdi/gdi.h"
+#include "platform/gdi/stroke.h"
+
+#include "platform/gdi/raster/coverage.h"
+#include "platform/gdi/raster/ellipse.h"
+#include "platform/gdi/raster/polygon.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace kv::gdi;
+namespace raster = kv::raster;
+
+namespace
+{
+
+using Outline = std::vector<POINT>;
+
+// Buffers that live from call to call.
+raster::PolygonFiller& sharedFiller()
+{
+    thread_local raster::PolygonFiller filler;
+    return filler;
+}
+
+RECT common(const RECT& a, const RECT& b)
+{
+    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right), std::min(a.bottom, b.bottom)};
+}
+
+bool isEmpty(const RECT& r)
+{
+    return r.left >= r.right || r.top >= r.bottom;
+}
+
+RECT grown(const RECT& r, int margin)
+{
+    const auto saturated = [](std::int64_t v) { return LONG(std::clamp<std::int64_t>(v, INT32_MIN, INT32_MAX)); };
+    return {saturated(std::int64_t(r.left) - margin), saturated(std::int64_t(r.top) - margin),
+            saturated(std::int64_t(r.right) + margin), saturated(std::int64_t(r.bottom) + margin)};
+}
+
+// Draws a figure inside each visible rectangle: its inside with the brush, then its line with the pen. `fill` and
+// `line` are called with a sink and a clip. `bounds` holds all that they touch.
+template <class Fill, class Line>
+void drawFigure(const Dc& dc, const Stroke& stroke, const Ink& brush, const RECT& bounds, Fill fill, Line line)
+{
+    const PixelView view = dc.bitmap->pixels();
+    // Where a wide line shows only once under its raster operation, or the brush would show through it, the two are
+    // kept apart; otherwise the line just covers what is there.
+    const bool apart = stroke.isWide() && !stroke.penInk().overwrites(view.depth);
+    thread_local raster::Coverage coverage;
+    for (const RECT& visible : dc.visible())
+    {
+        const RECT clip = common(visible, bounds);
+        if (isEmpty(clip))
+            continue;
+        if (brush && apart)
+        {
+            coverage.reset(clip);
+            fill(raster::Cover{&coverage}, clip);
+            line(raster::Uncover{&coverage}, clip, false);
+            withSink(view, brush, [&](const auto& sink) { coverage.emit(sink); });
+        }
+        else if (brush)
+            withSink(view, brush, [&](const auto& sink) { fill(sink, clip); });
+        if (stroke.none())
+            continue;
+        if (stroke.isWide() && !stroke.penInk().repeatable(view.depth))
+        {
+            coverage.reset(clip);
+            line(raster::Cover{&coverage}, clip, false);
+            withSink(view, stroke.penInk(), [&](const auto& sink) { coverage.emit(sink); });
+        }
+        else
+            withSink(view, stroke.penInk(), [&](const auto& sink) { line(sink, clip, false); });
+        if (stroke.gapInk())
+            withSink(view, stroke.gapInk(), [&](const auto& sink) { line(sink, clip, true); });
+    }
+}
+
+const auto noFill = [](const auto&, const RECT&) {};
+
+void strokePoints(const Dc& dc, const Stroke& stroke, std::span<const POINT> points, bool closed)
+{
+    if (stroke.none() || points.empty())
+        return;
+    drawFigure(dc, stroke, Ink(), stroke.bounds(points), noFill,
+               [&](const auto& sink, const RECT& clip, bool gaps)
+               { stroke.draw(sink, clip, points, closed, sharedFiller(), gaps); });
+}
+
+Outline mapped(const Dc& dc, const POINT* points, std::size_t count)
+{
+    Outline result(points, points + count);
+    for (POINT& p : result)
+        p = dc.state.mapping.device(p);
+    return result;
+}
+
+raster::FillRule fillRule(const Dc& dc)
+{
+    return dc.state.polyFillMode == WINDING ? raster::FillRule::Winding : raster::FillRule::Alternate;
+}
+
+void drawPolygons(const Dc& dc, std::span<const Outline> outlines)
+{
+    const Stroke stroke(dc);
+    const Ink brush = brushInk(dc);
+    RECT bounds{INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN};
+    for (const Outline& outline : outlines)
+    {
+        const RECT b = stroke.bounds(outline);
+        bounds = {std::min(bounds.left, b.left), std::min(bounds.top, b.top), std::max(bounds.right, b.right),
+                  std::max(bounds.bottom, b.bottom)};
+    }
+    drawFigure(
+        dc, stroke, brush, bounds,
+        [&](const auto& sink, const RECT& clip)
+        {
+            raster::PolygonFiller& filler = sharedFiller();
+            filler.begin();
+            for (const Outline& outline : outlines)
+                filler.add(outline);
+            filler.fill(sink, clip, fillRule(dc));
+        },
+        [&](const auto& sink, const RECT& clip, bool gaps)
+        {
+            for (const Outline& outline : outlines)
+                stroke.draw(sink, clip, outline, true, sharedFiller(), gaps);
+        });
+}
+
+// ---- Boxes
+
+struct Insets
+{
+    int before, after;
+};
+
+// How far a pen that stays inside its frame moves the line in from the left and top, and from the right and bottom.
+Insets insideFrame(const Dc& dc, const Stroke& stroke)
+{
+    if (dc.pen->line() != PS_INSIDEFRAME || !stroke.isWide())
+        return {0, 0};
+    return {stroke.width() / 2, (stroke.width() - 1) / 2};
+}
+
+// The corners of a logical box in a turned world.
+Outline turnedBox(const Dc& dc, int left, int top, int right, int bottom)
+{
+    const POINT corners[] = {{right, top}, {left, top}, {left, bottom}, {right, bottom}};
+    return mapped(dc, corners, 4);
+}
+
+void drawRectangle(const Dc& dc, RECT box)
+{
+    const Stroke stroke(dc);
+    const Ink brush = brushInk(dc);
+    if (dc.state.mapping.graphicsMode == GM_ADVANCED)
+        box = {box.left, box.top, box.right < INT32_MAX ? box.right + 1 : box.right,
+               box.bottom < INT32_MAX ? box.bottom + 1 : box.bottom};
+    if (isEmpty(box))
+        return;
+    const Insets inset = insideFrame(dc, stroke);
+    const RECT frame{box.left + inset.before, box.top + inset.before, box.right - inset.after,
+                     box.bottom - inset.after};
+    if (isEmpty(frame))
+        return;
+    // From the top right over the top left and round.
+    const POINT corners[] = {{frame.right - 1, frame.top},
+                             {frame.left, frame.top},
+                             {frame.left, frame.bottom - 1},
+                             {frame.right - 1, frame.bottom - 1}};
+    RECT inside = frame; // the line's own pixels are left out: all of them, or without a pen the last row and column
+    if (stroke.none())
+        inside = {inside.left, inside.top, inside.right - 1, inside.bottom - 1};
+    else if (!stroke.isWide() && !stroke.isDashed())
+        inside = {inside.left + 1, inside.top + 1, inside.right - 1, inside.bottom - 1};
+    drawFigure(
+        dc, stroke, brush, grown(box, stroke.width() + 2),
+        [&](const auto& sink, const RECT& clip)
+        { raster::box(sink, clip, inside.left, inside.top, inside.right, inside.bottom); },
+        [&](const auto& sink, const RECT& clip, bool gaps)
+        { stroke.draw(sink, clip, corners, true, sharedFiller(), gaps); });
+}
+
+// ---- Ellipses
+
+void drawUprightEllipse(const Dc& dc, RECT box)
+{
+    const Stroke stroke(dc);
+    const Ink brush = brushInk(dc);
+    const Insets inset = insideFrame(dc, stroke);
+    box = {box.left + inset.before, box.top + inset.before, box.right - inset.after, box.bottom - inset.after};
+    if (isEmpty(box))
+        return;
+    const RECT visible = grown(dc.bitmap->pixels().box(), stroke.width() + 2);
+    const std::int64_t width = std::int64_t(box.right) - box.left, height = std::int64_t(box.bottom) - box.top;
+    const raster::Ellipse ellipse(box, visible);
+    const Outline ring = stroke.isWide() || stroke.isDashed() ? ellipse.walk() : Outline();
+    drawFigure(
+        dc, stroke, brush, grown(box, stroke.width() + 2),
+        [&](const auto& sink, const RECT& clip)
+        {
+            if (stroke.none() && (width <= 2 || height <= 2))
+                raster::box(sink, clip, box.left, box.top, box.right - 1, box.bottom - 1);
+            else
+                ellipse.fill(sink, clip);
+        },
+        [&](const auto& sink, const RECT& clip, bool gaps)
+        {
+            if (stroke.isWide() || stroke.isDashed())
+                stroke.draw(sink, clip, ring, true, sharedFiller(), gaps);
+            else
+                ellipse.outline(sink, clip);
+        });
+}
+
+// In a turned world the curve is a polygon with enough sides that each strays less than a pixel.
+Outline turnedEllipse(const Dc& dc, double left, double top, double right, double bottom)
+{
+    const DeviceMapping& m = dc.state.mapping.toDevice();
+    const double radius = std::max(std::hypot(right - left, 0), std::fabs(bottom - top)) *
+                          std::max(std::hypot(m.m11, m.m12), std::hypot(m.m21, m.m22));
+    const int sides = std::clamp(int(std::min(4.0 * std::sqrt(radius), 1e5)), 100, 4000);
+    Outline outline;
+    for (int i = 0; i < sides; ++i)
+    {
+        const double angle = 2 * 3.14159265358979323846 * i / sides;
+        outline.push_back(m.toDevice((left + right) / 2 + (right - left) / 2 * std::cos(angle),
+                                     (top + bottom) / 2 + (bottom - top) / 2 * std::sin(angle)));
+    }
+    return outline;
+}
+
+// ---- Arcs
+
+// Which of two directions comes first, going counter-clockwise on the screen from the right.
+double turnOf(double dx, double dy)
+{
+    const double angle = std::atan2(-dy, dx);
+    return angle < 0 ? angle + 2 * 3.14159265358979323846 : angle;
+}
+
+Outline arcPixels(const Dc& dc, const RECT& box, POINT start, POINT end)
+{
+    const raster::Ellipse ellipse(box, grown(dc.bitmap->pixels().box(), 1));
+    const Outline ring = ellipse.walk();
+    if (ring.empty())
+        return {};
+    const double cx = double(box.left) + double((std::int64_t(box.right) - box.left) / 2);
+    const double cy = double(box.top) + double((std::int64_t(box.bottom) - box.top) / 2);
+    const double from = turnOf(start.x - cx, start.y - cy), to = turnOf(end.x - cx, end.y - cy);
+    const double whole = 2 * 3.14159265358979323846;
+    const auto after = [&](double angle) { return angle >= from ? angle - from : angle - from + whole; };
+    const double length = from == to ? whole : after(to);
+    // The ring's pixels by their angle from the start.
+    std::vector<std::pair<double, POINT>> part;
+    for (const POINT& p : ring)
+    {
+        const double at = after(turnOf(p.x - cx, p.y - cy));
+        if (at <= length)
+            part.push_back({at, p});
+    }
+    std::stable_sort(part.begin(), part.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    Outline result;
+    for (const auto& [angle, p] : part)
+        result.push_back(p);
+    return result;
+}
+
+} // namespace
+
+BOOL LineTo(HDC handle, int x, int y)
+{
+    const auto dc = findDc(handle);
+    if (!dc)
+        return FALSE;
+    const POINT ends[] = {dc->state.position, {x, y}};
+    strokePoints(*dc, Stroke(*dc), mapped(*dc, ends, 2), false);
+    dc->state.position = {x, y};
+    return TRUE;
+}
+
+BOOL Polyline(HDC handle, const POINT* points, int count)
+{
+    const auto dc = findDc(handle);
+    if (!dc)
+        return FALSE;
+    if (!points || count < 2)
+    {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return FALSE;
+    }
+    strokePoints(*dc, Stroke(*dc), mapped(*dc, points, std::size_t(count)), false);
+    return TRUE;
+}
+
+BOOL PolylineTo(HDC handle, const POINT* points, DWORD count)
+{
+    const auto dc = findDc(handle);
+    if (!dc)
+        return FALSE;
+    if (!points || count == 0)
+    {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return FALSE;
+    }
+    Outline all{dc->state.position};
+    all.insert(all.end(), points, points + count);
+    strokePoints(*dc, Stroke(*dc), mapped(*dc, all.data(), all.size()), false);
+    dc->state.position = all.back();
+    return TRUE;
+}
+
+BOOL PolyPolyline(HDC handle, const POINT* points, const DWORD* counts, DWORD figures)
+{
+    const auto dc = findDc(handle);
+    if (!dc)
+        return FALSE;
+    if (!points || !counts || figures == 0 ||
+        std::any_of(counts, counts + figures, [](DWORD n) { return n < 2 || n > INT32_MAX; }))
+    {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return FALSE;
+    }
+    for (DWORD i = 0; i < figures; ++i)
+    {
+        strokePoints(*dc, Stroke(*dc), mapped(*dc, points, counts[i]), false);
+        points += counts[i];
+    }
+    return TRUE;
+}
+
+BOOL Polygon(HDC handle, const POINT* points, int count)
+{
+    return PolyPolygon(handle, points, &count, 1);
+}
+
+BOOL PolyPolygon(HDC handle, const POINT* points, const int* counts, int figures)
+{
+    const auto dc = findDc(handle);
+    if (!dc)
+        return FALSE;
+    if (!points || !counts || figures < 1 || std::any_of(counts, counts + figures, [](int n) { return n < 2; }))
+    {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return FALSE;
+    }
+    std::vector<Outline> outlines;
+    for (int i = 0; i < figures; ++i)
+    {
+        outlines.push_back(mapped(*dc, points, std::size_t(counts[i])));
+        points += counts[i];
+    }
+    drawPolygons(*dc, outlines);
+    return TRUE;
+}
+
+BOOL Rectangle(HDC handle, int left, int top, int right, int bottom)
+{
+    const auto dc = findDc(handle);
+    if (!dc)
+        return FALSE;
+    if (dc->state.mapping.isUpright())
+        drawRectangle(*dc, dc->state.mapping.deviceRect({left, top, right, bottom}));
+    else
+    {
+        const Outline corners = turnedBox(*dc, left, top, right, bottom);
+        drawPolygons(*dc, {&corners, 1});
+    }
+    return TRUE;
+}
+
+BOOL Ellipse(HDC handle, int left, int top, int right, int bottom)
+{
+    const auto dc = findDc(handle);
+    if (!dc)
+        return FALSE;
+    if (dc->state.mapping.isUpright())
+        drawUprightEllipse(*dc, dc->state.mapping.deviceRect({left, top, right, bottom}));
+    else if (left != right && top != bottom)
+    {
+        const Outline curve = turnedEllipse(*dc, left, top, right, bottom);
+        drawPolygons(*dc, {&curve, 1});
+    }
+    return TRUE;
+}
+
+BOOL Arc(HDC handle, int left, int top, int right, int bottom, int startX, int startY, int endX, int endY)
+{
+    const auto dc = findDc(handle);
+    if (!dc)
+        return FALSE;
+    const Mapping& mapping = dc->state.mapping;
+    POINT start = mapping.device({startX, startY}), end = mapping.device({endX, endY});
+    if (dc->state.arcDirection == AD_CLOCKWISE && mapping.graphicsMode != GM_ADVANCED)
+        std::swap(start, end);
+    const RECT box = mapping.deviceRect({left, top, right, bottom});
+    const Outline pixels = arcPixels(*dc, box, start, end);
+    if (!pixels.empty())
+        strokePoints(*dc, Stroke(*dc), pixels, false);
+    return TRUE;
+}
+
+COLORREF SetPixel(HDC handle, int x, int y, COLORREF color)
+{
+    const auto dc = findDc(handle);
+    if (!dc)
+        return CLR_INVALID;
+    const POINT p = dc->state.mapping.device({x, y});
+    const Ink ink = solidInk(*dc, plainColor(color), R2_COPYPEN);
+    for (const RECT& r : dc->visible())
+        if (PtInRect(&r, p))
+            dc->bitmap->pixels().setPixel(p.x, p.y, ink.value);
+    return GetNearestColor(handle, color);
+}
+
+BOOL SetPixelV(HDC dc, int x, int y, COLORREF color)
+{
+    return SetPixel(dc, x, y, color) != CLR_INVALID;
+}
+
+COLORREF GetPixel(HDC handle, int x, int y)
+{
+    const auto dc = findDc(handle);
+    if (!dc)
+        return CLR_INVALID;
+    const POINT p = dc->state.mapping.device({x, y});
+    const RECT all = dc->bitmap->pixels().box();
+    if (!PtInRect(&all, p))
+        return CLR_INVALID;
+    const std::uint32_t value = dc->bitmap->pixels().pixel(p.x, p.y);
+    const ColorTable& table = dc->bitmap->table();
+    return colorOf(table.empty() ? value & 0xFFFFFF : packed(table[value]));
+}

@@ -1,0 +1,58 @@
+// The shapes that make up a wide line.
+#include "platform/gdi/raster/wide_line.h"
+
+#include <cmath>
+
+namespace kv::raster
+{
+
+namespace
+{
+
+LONG saturated(std::int64_t v)
+{
+    return LONG(std::min<std::int64_t>(std::max<std::int64_t>(v, INT32_MIN), INT32_MAX));
+}
+
+} // namespace
+
+Quadrangle slantedSegment(POINT from, POINT to, int width)
+{
+    const double dx = double(to.x) - from.x, dy = double(to.y) - from.y;
+    const double length = std::sqrt(dx * dx + dy * dy);
+    const std::int64_t x = std::int64_t(std::floor(width * std::fabs(dy) / length)) + 1;
+    const std::int64_t y = std::int64_t(std::floor(width * std::fabs(dx) / length)) + 1;
+    // Across the line, upward or downward on the side that lies to the right.
+    const int slope = (dx < 0) == (dy < 0) ? -1 : 1;
+    const auto right = [&](POINT p) {
+        return POINT{saturated(p.x + (x + 1) / 2), saturated(p.y + slope * ((y + 1) / 2))};
+    };
+    const auto left = [&](POINT p) { return POINT{saturated(p.x - x / 2), saturated(p.y - slope * (y / 2))}; };
+    return {{right(from), right(to), left(to), left(from)}};
+}
+
+WidePen::WidePen(int width) : size(std::max(width, 1))
+{
+    if (size > tableLimit)
+        return;
+    const Ellipse round({0, 0, size, size}, {0, 0, size, size});
+    const std::size_t half = std::size_t(round.endRow());
+    for (std::size_t i = half; i-- > 0;)
+        dotRows.push_back(round.row(int(i)));
+    for (std::size_t i = size % 2; i < half; ++i)
+        dotRows.push_back(round.row(int(i)));
+}
+
+RECT WidePen::bounds(std::span<const POINT> points, int width)
+{
+    RECT all{INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN};
+    for (const POINT& p : points)
+        all = {std::min(all.left, p.x), std::min(all.top, p.y), std::max(all.right, p.x), std::max(all.bottom, p.y)};
+    if (points.empty())
+        return {0, 0, 0, 0};
+    const std::int64_t margin = std::int64_t(width) + 2;
+    return {saturated(all.left - margin), saturated(all.top - margin), saturated(all.right + margin),
+            saturated(all.bottom + margin)};
+}
+
+} // namespace kv::raster
