@@ -2,6 +2,7 @@
 #pragma once
 
 #include "resource_editor.h"
+#include "resource_image.h"
 #include "resource_mask.h"
 #include "resource_view.h"
 #include "resource_workbench.h"

@@ -13,7 +13,8 @@ template <class T>
 T* Resized(T* data, size_t from, size_t to)
 {
     T* fresh = to > 0 ? new T[to]() : nullptr;
-    std::copy_n(data, std::min(from, to), fresh);
+    if (data && fresh)
+        std::copy_n(data, std::min(from, to), fresh);
     delete[] data;
     return fresh;
 }
@@ -111,7 +112,8 @@ public:
     int size = 0;
 
     KvTBuf1D() = default;
-    explicit KvTBuf1D(int n) : data(buffers::Resized<T>(nullptr, 0, static_cast<size_t>(std::max(n, 0)))), size(std::max(n, 0))
+    explicit KvTBuf1D(int n)
+        : data(buffers::Resized<T>(nullptr, 0, static_cast<size_t>(std::max(n, 0)))), size(std::max(n, 0))
     {
     }
     KvTBuf1D(const KvTBuf1D& other) : KvTBuf1D(other.size) { std::copy_n(other.data, size, data); }

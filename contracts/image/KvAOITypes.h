@@ -33,7 +33,6 @@ protected:
 
 private:
     mutable KvTFloatRange<float> scanned;
-    mutable const KvDevice* scannedDevice = nullptr;
     mutable std::uint64_t scannedGeneration = 0;
 };
 
@@ -74,10 +73,7 @@ public:
     void Resize(const KvTSize<short>& size, int = 1) { this->SetDevice(std::make_shared<Device>(size)); }
     void Resize(const KvAOI& like, int = 1) { Resize(like.AOISize()); }
     // A new device from pixels that are taken over without copying them; at most 32767 each way.
-    void Adopt(KvTBuf2D<typename Device::Pixel>&& pixels)
-    {
-        this->SetDevice(std::make_shared<Device>(std::move(pixels)));
-    }
+    void Adopt(KvTBuf2D<typename Device::Pixel>&& pixels) { this->SetDevice(Device::From(std::move(pixels))); }
 };
 
 using KvBufferAOI8 = KvTBufferAOI<KvDev8, KvAOI8>;

@@ -6,6 +6,7 @@
 #include "contracts/image/KvColor.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdint>
 #include <memory>
 
@@ -26,12 +27,19 @@ public:
     virtual ~KvDevice() = default;
     virtual DeviceType Type() const = 0;
 
-    // Counts the times that somebody got hold of the pixels for writing; tells whether something computed from them
-    // may be out of date.
+    // Changes whenever somebody gets hold of the pixels for writing, and is never that of another device; tells whether
+    // something computed from the pixels may be out of date.
     std::uint64_t Generation() const { return generation; }
 
 protected:
-    std::uint64_t generation = 0;
+    KvDevice() = default;
+    KvDevice(const KvDevice&) {}
+    KvDevice& operator=(const KvDevice&) = delete;
+
+    std::uint64_t generation = nextDevice.fetch_add(std::uint64_t(1) << 40);
+
+private:
+    static inline std::atomic<std::uint64_t> nextDevice{std::uint64_t(1) << 40};
 };
 
 // Pixels row after row, top row first, all 0 at first. A device made by `std::make_shared` lives as long as the last
@@ -41,6 +49,7 @@ class KvTDevice : public KvDevice, public std::enable_shared_from_this<KvTDevice
 {
 public:
     using Pixel = T;
+    static constexpr DeviceType deviceType = type;
 
     // A negative width or height counts as 0.
     explicit KvTDevice(const KvTSize<short>& size_)
@@ -48,11 +57,14 @@ public:
     {
     }
     // Takes pixels over without copying them. The buffer must not be larger than 32767 each way.
-    explicit KvTDevice(KvTBuf2D<T>&& from) : size(static_cast<short>(from.width), static_cast<short>(from.height))
+    static std::shared_ptr<KvTDevice> From(KvTBuf2D<T>&& from)
     {
-        std::swap(pixels.data, from.data);
-        std::swap(pixels.width, from.width);
-        std::swap(pixels.height, from.height);
+        auto device = std::make_shared<KvTDevice>(KvTSize<short>());
+        device->size = {static_cast<short>(from.width), static_cast<short>(from.height)};
+        std::swap(device->pixels.data, from.data);
+        std::swap(device->pixels.width, from.width);
+        std::swap(device->pixels.height, from.height);
+        return device;
     }
 
     DeviceType Type() const override { return type; }
