@@ -60,7 +60,11 @@ int changeClip(HDC handle, RECT rect, Area::Operation operation)
     const auto dc = findDc(handle);
     if (!dc)
         return ERROR;
-    dc->state.clip = Area::combine(currentClip(*dc), onDevice(dc->state.mapping, rect), operation);
+    Area area = onDevice(dc->state.mapping, rect);
+    // The first rectangle becomes the clip as it is, even outside the bitmap.
+    if (dc->state.clip || operation != Area::Operation::And)
+        area = Area::combine(currentClip(*dc), area, operation);
+    dc->state.clip = std::move(area);
     return kindOf(*dc->state.clip);
 }
 

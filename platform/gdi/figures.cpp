@@ -198,6 +198,8 @@ void drawUprightEllipse(const Dc& dc, RECT box)
         return;
     const RECT visible = grown(dc.bitmap->pixels().box(), stroke.width() + 2);
     const std::int64_t width = std::int64_t(box.right) - box.left, height = std::int64_t(box.bottom) - box.top;
+    if (width == 1 && height == 1 && !stroke.isWide())
+        return; // required: a single pixel shows nothing, unless a wide pen makes it a dot
     const raster::Ellipse ellipse(box, visible);
     const Outline ring = stroke.isWide() || stroke.isDashed() ? ellipse.walk() : Outline();
     drawFigure(

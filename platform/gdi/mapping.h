@@ -35,7 +35,6 @@ private:
     DeviceMapping forward;
 };
 
-bool isIdentity(const XFORM& transform);
 XFORM combined(const XFORM& first, const XFORM& second);
 
 } // namespace kv::gdi

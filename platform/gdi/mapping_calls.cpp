@@ -121,14 +121,13 @@ int SetGraphicsMode(HDC handle, int mode)
     const auto dc = findDc(handle);
     if (!dc)
         return 0;
-    Mapping& mapping = dc->state.mapping;
-    const bool known = mode == GM_COMPATIBLE || mode == GM_ADVANCED;
-    if (!known || (mode == GM_COMPATIBLE && !isIdentity(mapping.world)))
+    if (mode != GM_COMPATIBLE && mode != GM_ADVANCED)
     {
         SetLastError(ERROR_INVALID_PARAMETER);
         return 0;
     }
-    return std::exchange(mapping.graphicsMode, mode);
+    // A world transform that is set stays in force: this is how the recorded platform behaves.
+    return std::exchange(dc->state.mapping.graphicsMode, mode);
 }
 
 int GetGraphicsMode(HDC handle)

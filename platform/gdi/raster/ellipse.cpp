@@ -17,7 +17,7 @@ constexpr std::int64_t walkLimit = 1 << 19;
 Ellipse::Ellipse(const RECT& bounds, const RECT& visible) : box(bounds)
 {
     const std::int64_t width = std::int64_t(box.right) - box.left, height = std::int64_t(box.bottom) - box.top;
-    if (width <= 0 || height <= 0 || (width == 1 && height == 1))
+    if (width <= 0 || height <= 0)
     {
         box = {};
         return;

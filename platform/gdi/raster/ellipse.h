@@ -20,7 +20,7 @@ struct EllipseRow
 class Ellipse
 {
 public:
-    // The box right and bottom of which are outside. An empty one, and one of a single pixel, has no pixels. `visible`
+    // The box right and bottom of which are outside. An empty one has no pixels. `visible`
     // are the rows that will be asked for: of very large ellipses only those are computed.
     Ellipse(const RECT& box, const RECT& visible);
 
