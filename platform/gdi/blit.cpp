@@ -171,7 +171,8 @@ void stretch(const Dc& target, const BlitBox& to, const BlitSource& source, cons
             const AxisRange rows = down.sources(y);
             if (rows.first >= rows.end)
                 continue;
-            converter.convert(rows.first, first, end, sources.data());
+            // Where one row has to stand for all, it is the first one met on the way through the source.
+            converter.convert(picks && down.isMirrored() ? rows.end - 1 : rows.first, first, end, sources.data());
             for (int sy = rows.first + 1; sy < rows.end && !picks; ++sy)
             {
                 merged.resize(sources.size());

@@ -20,6 +20,7 @@ public:
 
     // The sources of a target coordinate inside the target's extent, cut to the bitmap.
     AxisRange sources(int target) const;
+    bool isMirrored() const { return targetMirrored != sourceMirrored; }
 
 private:
     std::int64_t targetStart, targetSize, sourceStart, sourceSize;
