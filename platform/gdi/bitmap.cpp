@@ -31,8 +31,8 @@ void PixelView::setPixel(int x, int y, std::uint32_t value) const
 std::shared_ptr<Bitmap> Bitmap::make(int width, int height, int depth, bool section, bool topDown, ColorTable table)
 {
     const std::int64_t stride = rowBytes(width, depth, section ? 32 : 16);
-    if (width <= 0 || height <= 0 || stride > INT32_MAX)
-        return nullptr;
+    if (width <= 0 || height <= 0 || stride > INT32_MAX || stride * height > std::int64_t(UINT32_MAX))
+        return nullptr; // sizes are told in 32 bits
     std::shared_ptr<Bitmap> bitmap(new Bitmap);
     // Zeroed pages come straight from the system, so large bitmaps cost only what is drawn on.
     bitmap->storage.reset(static_cast<std::uint8_t*>(std::calloc(std::size_t(height), std::size_t(stride))));

@@ -97,11 +97,7 @@ BOOL StretchBlt(HDC handle, int x, int y, int width, int height, HDC source, int
     const auto from = findDc(source);
     if (!from)
         return FALSE;
-    if (!dc->state.mapping.isUpright() || !from->state.mapping.isUpright())
-    {
-        SetLastError(ERROR_NOT_SUPPORTED);
-        return FALSE;
-    }
+    // In a turned world the corners are mapped, and the picture itself stays upright.
     const BlitSource pixels{from->bitmap->pixels(), from->bitmap->table(), from->bitmap->isMonochrome(),
                             from->state.background};
     blit(*dc, mappedBox(dc->state.mapping, x, y, width, height), pixels,

@@ -380,8 +380,6 @@ int StretchDIBits(HDC handle, int x, int y, int width, int height, int sourceX, 
     DibPicture picture;
     if (!openDib(picture, bits, info, usage))
         return 0;
-    if (!dc->state.mapping.isUpright())
-        return refused(0, ERROR_NOT_SUPPORTED);
     // Rows are counted from the lower left corner here.
     const std::int64_t top = std::int64_t(picture.format.height) - sourceY - sourceHeight;
     const BlitBox from = sourceHeight < 0 ? BlitBox{sourceX, top - 1, sourceWidth, sourceHeight}

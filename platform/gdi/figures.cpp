@@ -413,10 +413,11 @@ COLORREF SetPixel(HDC handle, int x, int y, COLORREF color)
     if (!dc)
         return CLR_INVALID;
     const POINT p = dc->state.mapping.device({x, y});
-    const Ink ink = solidInk(*dc, plainColor(color), R2_COPYPEN);
+    const PixelView view = dc->bitmap->pixels();
+    const RasterMask mask = maskOf(dc->state.rop2, brushValue(*dc, plainColor(color)));
     for (const RECT& r : dc->visible())
         if (PtInRect(&r, p))
-            dc->bitmap->pixels().setPixel(p.x, p.y, ink.value);
+            view.setPixel(p.x, p.y, (view.pixel(p.x, p.y) & mask.keep) ^ mask.flip);
     return GetNearestColor(handle, color);
 }
 

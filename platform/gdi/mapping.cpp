@@ -84,10 +84,17 @@ void Mapping::keepProportions()
 
 void Mapping::update()
 {
-    const double sx = double(viewportExtent.cx) / windowExtent.cx, sy = double(viewportExtent.cy) / windowExtent.cy;
-    const double ox = viewportOrigin.x - sx * windowOrigin.x, oy = viewportOrigin.y - sy * windowOrigin.y;
-    forward = {world.eM11 * sx, world.eM12 * sy,     world.eM21 * sx,
-               world.eM22 * sy, world.eDx * sx + ox, world.eDy * sy + oy};
+    // In single precision, as the recorded platform keeps its transforms: near halves it decides which pixel is meant.
+    const float sx = float(double(viewportExtent.cx) / windowExtent.cx),
+                sy = float(double(viewportExtent.cy) / windowExtent.cy);
+    const XFORM window{sx,
+                       0,
+                       0,
+                       sy,
+                       float(viewportOrigin.x - double(sx) * windowOrigin.x),
+                       float(viewportOrigin.y - double(sy) * windowOrigin.y)};
+    const XFORM all = combined(world, window);
+    forward = {all.eM11, all.eM12, all.eM21, all.eM22, all.eDx, all.eDy};
 }
 
 bool Mapping::toLogical(DeviceMapping& inverse) const
@@ -96,9 +103,14 @@ bool Mapping::toLogical(DeviceMapping& inverse) const
     const double determinant = m.m11 * m.m22 - m.m12 * m.m21;
     if (!(std::fabs(determinant) > 1e-12) || !std::isfinite(determinant))
         return false;
-    inverse = {m.m22 / determinant, -m.m12 / determinant, -m.m21 / determinant, m.m11 / determinant, 0, 0};
-    inverse.dx = -(m.dx * inverse.m11 + m.dy * inverse.m21);
-    inverse.dy = -(m.dx * inverse.m12 + m.dy * inverse.m22);
+    const double m11 = m.m22 / determinant, m12 = -m.m12 / determinant, m21 = -m.m21 / determinant,
+                 m22 = m.m11 / determinant;
+    inverse = {float(m11),
+               float(m12),
+               float(m21),
+               float(m22),
+               float(-m.dx * m11 - m.dy * m21),
+               float(-m.dx * m12 - m.dy * m22)};
     return true;
 }
 

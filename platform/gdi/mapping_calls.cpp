@@ -103,8 +103,9 @@ BOOL scaleExtent(HDC handle, SIZE Mapping::*member, int xn, int xd, int yn, int 
 BOOL setWorld(Dc& dc, const XFORM& transform)
 {
     const double determinant = double(transform.eM11) * transform.eM22 - double(transform.eM12) * transform.eM21;
-    if (dc.state.mapping.graphicsMode != GM_ADVANCED || determinant == 0 || !std::isfinite(determinant) ||
-        !std::isfinite(transform.eDx) || !std::isfinite(transform.eDy))
+    const bool allowed = dc.state.mapping.graphicsMode == GM_ADVANCED;
+    if (!allowed || determinant == 0 || !std::isfinite(determinant) || !std::isfinite(transform.eDx) ||
+        !std::isfinite(transform.eDy))
     {
         SetLastError(ERROR_INVALID_PARAMETER);
         return FALSE;
@@ -236,7 +237,11 @@ BOOL ModifyWorldTransform(HDC handle, const XFORM* transform, DWORD mode)
         return FALSE;
     const XFORM& world = dc->state.mapping.world;
     if (mode == MWT_IDENTITY)
-        return setWorld(*dc, {1, 0, 0, 1, 0, 0});
+    {
+        dc->state.mapping.world = {1, 0, 0, 1, 0, 0};
+        dc->state.mapping.update();
+        return TRUE;
+    }
     if (transform && mode == MWT_LEFTMULTIPLY)
         return setWorld(*dc, combined(*transform, world));
     if (transform && mode == MWT_RIGHTMULTIPLY)

@@ -150,13 +150,4 @@ Ink brushInk(const Dc& dc)
     return ink;
 }
 
-Ink solidInk(const Dc& dc, COLORREF color, int rop2)
-{
-    Ink ink;
-    ink.kind = Ink::Kind::Solid;
-    ink.rop2 = rop2;
-    ink.value = brushValue(dc, color);
-    return ink;
-}
-
 } // namespace kv::gdi

@@ -55,7 +55,6 @@ struct Ink
 
 Ink penInk(const Dc& dc);
 Ink brushInk(const Dc& dc);
-Ink solidInk(const Dc& dc, COLORREF color, int rop2);
 // The pixel value of a colour drawn with on a context's bitmap.
 std::uint32_t brushValue(const Dc& dc, COLORREF color);
 std::uint32_t penValue(const Dc& dc, COLORREF color);
