@@ -83,11 +83,10 @@ private:
         if (!ExamineType())
             return;
         ExamineFields();
-        ExaminePoints();
-        if (!read)
-            Add("a rectangle of more than 4 points", true);
-        else
-            ExamineFigure(contour);
+        const int points = ExaminePoints();
+        // The figure is what was meant only if all its coordinates were read.
+        if (!read || !coordinatesMissing)
+            ExamineFigure(contour, points, !read);
     }
 
     void ExamineId(const KvContour& contour)
@@ -149,10 +148,11 @@ private:
         parser.Go_to_Parent();
     }
 
-    void ExaminePoints()
+    // How many points there are.
+    int ExaminePoints()
     {
         if (!parser.Go_to_Child("Point"))
-            return;
+            return 0;
         int point = 0;
         do
         {
@@ -161,6 +161,7 @@ private:
             ExamineCoordinate("PositionY", point);
         } while (parser.Go_Forward("Point"));
         parser.Go_to_Parent();
+        return point;
     }
 
     void ExamineCoordinate(const char* coordinate, int point)
@@ -181,17 +182,13 @@ private:
         parser.Go_to_Parent();
     }
 
-    // The figure is what was meant only if all its coordinates were read.
-    void ExamineFigure(const KvContour& contour)
+    void ExamineFigure(const KvContour& contour, int count, bool unreadable)
     {
-        if (coordinatesMissing)
-            return;
-        const int count = contour.CurvePositions().count;
         const FigureType type = FigureTypeOf(contour.ContourType());
-        const std::string figure = std::string("a ") + type.name;
         if (count < type.leastPoints || count > type.mostPoints)
-            Add(std::string("a wrong point count: ") + std::to_string(count) + " points in " + type.withArticle +
-                ", which has " + type.pointCount);
+            Add("a wrong point count: " + std::to_string(count) + (count == 1 ? " point in " : " points in ") +
+                    type.withArticle + ", which has " + type.pointCount,
+                unreadable);
         else if (count > mostPoints)
             Add("more than " + std::to_string(mostPoints) + " points");
         else if (!contour.IsValid())

@@ -78,8 +78,9 @@ Cells CellsOf(int place, const KvContour& contour)
 // What stands behind the columns: flags and the description, on one line.
 std::string Remarks(const KvContour& contour)
 {
-    std::string text = contour.Exclude() ? "excluded " : "";
-    text += contour.Description().Utf8();
+    std::string text = contour.Description().Utf8();
+    if (contour.Exclude())
+        text = text.empty() ? "excluded" : "excluded: " + text;
     for (char& c : text)
         c = static_cast<unsigned char>(c) < 0x20 || c == 0x7F ? ' ' : c;
     return text;
