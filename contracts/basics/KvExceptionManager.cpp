@@ -1,6 +1,7 @@
 // The rotating debug file.
 #include "contracts/basics/KvExceptionManager.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <ctime>
@@ -43,9 +44,11 @@ std::string TimeStamp()
     return {text, std::strftime(text, sizeof text, "%Y-%m-%dT%H:%M:%SZ", &utc)};
 }
 
-// Line breaks within a message would tear its line apart.
+// Line breaks within a message would tear its line apart, and one line fits into a file.
 std::string OneLine(std::string text)
 {
+    constexpr std::size_t longest = 1 << 16;
+    text.resize(std::min(text.size(), longest));
     for (char& c : text)
     {
         if (c == '\n' || c == '\r')
@@ -83,8 +86,8 @@ catch (...)
 void KvExceptionManager::WriteToDebugFile(KvException& failure, int) noexcept
 try
 {
-    WriteToDebugFile(failure.File() + KvString(L":") + KvString(failure.Line()) + KvString(L": ") + failure.GetMessageW(),
-                     1, 1);
+    WriteToDebugFile(
+        failure.File() + KvString(L":") + KvString(failure.Line()) + KvString(L": ") + failure.GetMessageW(), 1, 1);
 }
 catch (...)
 {

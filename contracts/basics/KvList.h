@@ -25,7 +25,8 @@ public:
     mutable int currentIndex = 0;
 
     KvTList() = default;
-    KvTList(const KvTList& other) { AppendAll(other); }
+    // Starts as an empty list, so that the destructor clears up when memory runs out half way.
+    KvTList(const KvTList& other) : KvTList() { AppendAll(other); }
     KvTList(KvTList&& other) noexcept { Swap(other); }
     ~KvTList() { Clear(); }
 

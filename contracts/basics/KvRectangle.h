@@ -40,7 +40,8 @@ struct KvTRectangle
     static constexpr T NoValue = KvTNoValue<T>::value;
 
     constexpr KvTRectangle() = default;
-    constexpr KvTRectangle(T left_, T top_, T right_, T bottom_) : left(left_), top(top_), right(right_), bottom(bottom_)
+    constexpr KvTRectangle(T left_, T top_, T right_, T bottom_)
+        : left(left_), top(top_), right(right_), bottom(bottom_)
     {
     }
     // A side of extent 0 gets the mark.
@@ -49,27 +50,26 @@ struct KvTRectangle
     {
     }
 
-    // The number of pixels from left to right, both included; negative where right is left of left.
+    // The number of pixels from left to right, both included; negative where right is left of left. Arithmetic wraps at
+    // the width of T.
     constexpr T Width() const { return Extent(left, right); }
     constexpr T Height() const { return Extent(top, bottom); }
 
     friend constexpr bool operator==(const KvTRectangle&, const KvTRectangle&) = default;
 
 private:
-    // Differences wrap at the width of T, as 16- and 32-bit arithmetic does.
-    static constexpr T Difference(T a, T b)
+    // Wide enough for sums that T itself can't hold.
+    using Wide = std::conditional_t<std::is_integral_v<T>, std::int64_t, T>;
+
+    static constexpr T Far(T near, T extent)
     {
-        if constexpr (std::is_integral_v<T>)
-            return static_cast<T>(static_cast<std::int64_t>(a) - static_cast<std::int64_t>(b));
-        else
-            return a - b;
+        return extent == 0 ? NoValue : static_cast<T>(static_cast<Wide>(near) + static_cast<Wide>(extent) - 1);
     }
-    static constexpr T Far(T near, T extent) { return extent == 0 ? NoValue : static_cast<T>(near + extent - 1); }
     static constexpr T Extent(T near, T far)
     {
         if (far == NoValue)
             return 0;
-        const T d = Difference(far, near);
+        const Wide d = static_cast<T>(static_cast<Wide>(far) - static_cast<Wide>(near));
         return static_cast<T>(d < 0 ? d - 1 : d + 1);
     }
 };

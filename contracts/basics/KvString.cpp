@@ -6,15 +6,20 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <cwctype>
 #include <limits>
-#include <locale.h>
 #include <stdlib.h>
+#include <wctype.h>
 
 namespace
 {
-bool IsBlank(char16_t c) { return c == u' ' || (c >= u'\t' && c <= u'\r'); }
-bool IsDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
+bool IsBlank(char16_t c)
+{
+    return c == u' ' || (c >= u'\t' && c <= u'\r');
+}
+bool IsDigit(char16_t c)
+{
+    return c >= u'0' && c <= u'9';
+}
 
 std::u16string_view Trimmed(std::u16string_view text)
 {
@@ -94,8 +99,7 @@ CStringT Decimal(Number number)
 // A number as `from_chars` can't hold it (too large, too small): infinity or zero, by the C library's rules.
 double OutOfRange(const std::string& digits)
 {
-    static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
-    return strtod_l(digits.c_str(), nullptr, plain);
+    return strtod_l(digits.c_str(), nullptr, kv::text::PlainLocale());
 }
 } // namespace
 
@@ -107,8 +111,14 @@ String::String(long number) : text(Decimal(number)) {}
 String::String(unsigned long number) : text(Decimal(number)) {}
 String::String(unsigned short number) : text(Decimal(number)) {}
 
-String::operator int() const { return Clamped<std::int32_t>(LeadingInteger(text.Units())); }
-String::operator long() const { return Clamped<std::int32_t>(LeadingInteger(text.Units())); }
+String::operator int() const
+{
+    return Clamped<std::int32_t>(LeadingInteger(text.Units()));
+}
+String::operator long() const
+{
+    return Clamped<std::int32_t>(LeadingInteger(text.Units()));
+}
 
 String::operator unsigned long() const
 {
@@ -117,7 +127,10 @@ String::operator unsigned long() const
     return number < 0 ? 0u - magnitude : magnitude;
 }
 
-StringCompare String::Compare(const wchar_t* other, int maxLength) const { return Compare(String(other), maxLength); }
+StringCompare String::Compare(const wchar_t* other, int maxLength) const
+{
+    return Compare(String(other), maxLength);
+}
 
 StringCompare String::Compare(const String& other, int maxLength) const
 {
@@ -199,7 +212,7 @@ KvString::operator double() const
 KvString& KvString::ToUpper()
 {
     for (char16_t& c : text.Units())
-        c = static_cast<char16_t>(std::towupper(c));
+        c = static_cast<char16_t>(towupper_l(c, kv::text::PlainLocale()));
     return *this;
 }
 

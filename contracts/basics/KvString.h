@@ -86,7 +86,7 @@ public:
     using String::String;
     KvString() = default;
     KvString(const String& other) : String(other) {}
-    explicit KvString(const KvResId& resource); // empty if there is no such text
+    KvString(const KvResId& resource); // empty if there is no such text
     KvString& operator=(const wchar_t* other);
 
     // Replaces the content by the printf-style result. %s takes a `const wchar_t*`.
@@ -101,7 +101,7 @@ public:
     operator double() const;
     operator float() const { return static_cast<float>(operator double()); }
 
-    KvString& ToUpper(); // in place
+    KvString& ToUpper(); // in place, character by character, in every process locale alike
 };
 
 inline KvString operator+(KvString head, const KvString& tail)

@@ -2,7 +2,6 @@
 #include "platform/afx/cstring.h"
 
 #include <cwchar>
-#include <locale.h>
 #include <vector>
 
 namespace kv::text
@@ -108,23 +107,16 @@ std::wstring WithWideStrings(const wchar_t* format)
     return out;
 }
 
-// The "C" locale for the running thread, given back at the end of the scope.
+// The plain locale for the running thread, given back at the end of the scope.
 class PlainNumbers
 {
 public:
-    PlainNumbers() : former(uselocale(Plain())) {}
+    PlainNumbers() : former(uselocale(PlainLocale())) {}
     ~PlainNumbers() { uselocale(former); }
     PlainNumbers(const PlainNumbers&) = delete;
     PlainNumbers& operator=(const PlainNumbers&) = delete;
 
 private:
-    // C.UTF-8 rather than C, so that characters beyond ASCII can be formatted as well.
-    static locale_t Plain()
-    {
-        static const locale_t utf8 = newlocale(LC_ALL_MASK, "C.UTF-8", nullptr);
-        static const locale_t plain = utf8 ? utf8 : newlocale(LC_ALL_MASK, "C", nullptr);
-        return plain;
-    }
     locale_t former;
 };
 } // namespace
@@ -165,6 +157,14 @@ std::wstring Wide(std::u16string_view text)
     return out;
 }
 
+// C.UTF-8 rather than C, so that characters beyond ASCII can be formatted and turned to upper case as well.
+locale_t PlainLocale()
+{
+    static const locale_t utf8 = newlocale(LC_ALL_MASK, "C.UTF-8", nullptr);
+    static const locale_t plain = utf8 ? utf8 : newlocale(LC_ALL_MASK, "C", nullptr);
+    return plain;
+}
+
 std::wstring VFormat(const wchar_t* format, va_list arguments)
 {
     constexpr size_t largest = 1 << 24;
@@ -189,8 +189,14 @@ CStringT::CStringT(const char* utf8) : units(utf8 ? kv::text::Utf16(std::string_
 CStringT::CStringT(std::wstring_view text) : units(kv::text::Utf16(text)) {}
 CStringT::CStringT(std::string_view utf8) : units(kv::text::Utf16(utf8)) {}
 
-std::wstring CStringT::Wide() const { return kv::text::Wide(units); }
-std::string CStringT::Utf8() const { return kv::text::Utf8(units); }
+std::wstring CStringT::Wide() const
+{
+    return kv::text::Wide(units);
+}
+std::string CStringT::Utf8() const
+{
+    return kv::text::Utf8(units);
+}
 
 void CStringT::Format(const wchar_t* format, ...)
 {

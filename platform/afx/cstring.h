@@ -3,6 +3,7 @@
 
 #include <cstdarg>
 #include <cstddef>
+#include <locale.h>
 #include <string>
 #include <string_view>
 
@@ -56,6 +57,9 @@ std::u16string Utf16(std::string_view utf8);
 std::u16string Utf16(std::wstring_view text);
 std::string Utf8(std::u16string_view text);
 std::wstring Wide(std::u16string_view text);
+
+// The locale for conversions that are the same in every process locale. Lives as long as the program.
+locale_t PlainLocale();
 
 // The printf behind `CStringT::Format`.
 std::wstring VFormat(const wchar_t* format, va_list arguments);
