@@ -335,9 +335,6 @@ void KvTAOI<T>::SetBlock(const KvTRectangle<short>& area, const KvTBuf2D<T>& blo
 template <class T>
 void KvTAOI<T>::SetBlock(const KvTBuf2D<T>& block)
 {
-    // Who has filled this AOI's own pixels may hand them in as a block; there is nothing left to copy then.
-    if (block.data && aoiSize.height > 0 && block.data == device->Row(0))
-        return;
     SetBlock(AOIRect(), block);
 }
 

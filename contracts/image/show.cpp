@@ -5,6 +5,7 @@
 #include "contracts/image/KvDIB.h"
 #include "contracts/image/pixelrows_p.h"
 #include "platform/afx/dc.h"
+#include "platform/gdi/stretch.h"
 #include "platform/gdi/surface.h"
 
 #include <algorithm>
@@ -18,43 +19,16 @@ namespace
 
 using kv::gdi::Surface;
 
-// One axis of a stretch from `sourceExtent` to `extent` pixels, both above 0. Pixels at `near` of the device show the
-// source from `sourceNear` on; the source has the pixels from 0 up to, not including, `sourceLimit`.
+// One axis of a stretch: the target extent on the device, and which pixels of the source each target pixel stands for.
 struct Axis
 {
-    std::int64_t near = 0;
-    std::int64_t extent = 0;
-    int sourceNear = 0;
-    int sourceExtent = 0;
-    int sourceLimit = 0;
+    std::int64_t near;
+    std::int64_t far;
+    kv::gdi::StretchAxis sources;
 
-    // The source pixels that target pixel k stands for.
-    struct Range
+    Axis(int near_, int far_, int sourceNear, int sourceExtent, int sourceLimit)
+        : near(near_), far(far_), sources(near, far - near, sourceNear, sourceExtent, sourceLimit)
     {
-        int first;
-        int last;
-    };
-
-    Range SourcesOf(std::int64_t k) const
-    {
-        const std::int64_t m = sourceExtent, n = extent;
-        if (n >= m)
-        {
-            const int only = static_cast<int>(((2 * k + 1) * m + 2 * n - 1) / (2 * n)) - 1;
-            return {sourceNear + only, sourceNear + only};
-        }
-        return {sourceNear + LastOf(k - 1) + 1, sourceNear + LastOf(k)};
-    }
-
-    // Whether a range has pixels of the source at all.
-    bool Exists(const Range& range) const { return range.last >= 0 && range.first < sourceLimit; }
-
-private:
-    // floor((k + 1) * m / n - 1/2)
-    int LastOf(std::int64_t k) const
-    {
-        const std::int64_t m = sourceExtent, n = extent;
-        return static_cast<int>((2 * (k + 1) * m + n) / (2 * n)) - 1;
     }
 };
 
@@ -69,11 +43,11 @@ struct MappedSpan
     MappedSpan(const Axis& axis, int from, int to, Choose choose)
     {
         begin = static_cast<int>(std::max<std::int64_t>(from, axis.near));
-        const std::int64_t end = std::min<std::int64_t>(to, axis.near + axis.extent);
+        const std::int64_t end = std::min<std::int64_t>(to, axis.far);
         for (int at = begin; at < end; ++at)
         {
-            const Axis::Range range = axis.SourcesOf(at - axis.near);
-            if (axis.Exists(range))
+            const kv::gdi::AxisRange range = axis.sources.sources(at);
+            if (range.first < range.end)
                 source.index.push_back(choose(range));
             else if (source.index.empty())
                 begin = at + 1;
@@ -83,12 +57,12 @@ struct MappedSpan
 
 MappedSpan MappedColumns(const Axis& axis, int from, int to)
 {
-    return {axis, from, to, [&](const Axis::Range& r) { return std::min(r.last, axis.sourceLimit - 1); }};
+    return {axis, from, to, [](const kv::gdi::AxisRange& range) { return range.end - 1; }};
 }
 
 MappedSpan MappedRows(const Axis& axis, int from, int to)
 {
-    return {axis, from, to, [](const Axis::Range& r) { return std::max(r.first, 0); }};
+    return {axis, from, to, [](const kv::gdi::AxisRange& range) { return range.first; }};
 }
 
 // Writes rows of pixels of one clip rectangle. `fill(source row, out)` computes the colours of one row.
@@ -154,8 +128,8 @@ private:
             surface.mapping.toDevice(destination.left + destination.Width(), destination.top + destination.Height());
         if (far.x <= near.x || far.y <= near.y)
             return false;
-        const Axis across{near.x, std::int64_t(far.x) - near.x, source.left, source.Width(), aoi.AOIWidth()};
-        const Axis down{near.y, std::int64_t(far.y) - near.y, source.top, source.Height(), aoi.AOIHeight()};
+        const Axis across(near.x, far.x, source.left, source.Width(), aoi.AOIWidth());
+        const Axis down(near.y, far.y, source.top, source.Height(), aoi.AOIHeight());
         if (surface.depth == 32)
             return DirectColors(across, down);
         return surface.depth == 8 && DirectIndices(across, down);

@@ -14,8 +14,17 @@ constexpr std::int64_t walkLimit = 1 << 19;
 
 } // namespace
 
-Ellipse::Ellipse(const RECT& bounds, const RECT& visible) : box(bounds)
+std::size_t Ellipse::mostRows(int targetRows)
 {
+    // Half of the largest ellipse that is walked; of larger ones the visible rows, mirror images included.
+    return std::max(std::size_t(walkLimit / 2 + 1), 2 * std::size_t(std::max(targetRows, 0)) + 2);
+}
+
+void Ellipse::reset(const RECT& bounds, const RECT& visible)
+{
+    box = bounds;
+    upperMiddle = lowerMiddle = skipped = 0;
+    rows.clear();
     const std::int64_t width = std::int64_t(box.right) - box.left, height = std::int64_t(box.bottom) - box.top;
     if (width <= 0 || height <= 0)
     {

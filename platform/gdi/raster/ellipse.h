@@ -22,7 +22,12 @@ class Ellipse
 public:
     // The box right and bottom of which are outside. An empty one has no pixels. `visible`
     // are the rows that will be asked for: of very large ellipses only those are computed.
-    Ellipse(const RECT& box, const RECT& visible);
+    Ellipse(const RECT& box, const RECT& visible) { reset(box, visible); }
+    Ellipse() = default;
+    // Becomes another ellipse; memory is kept.
+    void reset(const RECT& box, const RECT& visible);
+    // Makes room for any ellipse on a target of that many rows, so that `reset` allocates nothing.
+    void reserve(int targetRows) { rows.reserve(mostRows(targetRows)); }
 
     bool empty() const { return box.left >= box.right || box.top >= box.bottom; }
     const RECT& bounds() const { return box; }
@@ -88,10 +93,11 @@ private:
         }
     }
 
+    static std::size_t mostRows(int targetRows);
     void walkRows(std::int64_t width, std::int64_t height);
     void computeRows(const RECT& visible);
 
-    RECT box;
+    RECT box{};
     int upperMiddle = 0, lowerMiddle = 0;
     int skipped = 0;
     std::vector<EllipseRow> rows;

@@ -61,6 +61,14 @@ void PolygonFiller::add(std::span<const POINT> outline)
     }
 }
 
+void PolygonFiller::reserve(std::size_t points, int targetRows)
+{
+    segments.reserve(points);
+    nearTable.reserve(points);
+    farTable.reserve(points);
+    firstOfRow.reserve(std::size_t(std::max(targetRows, 0)));
+}
+
 template <class Int>
 bool PolygonFiller::prepare(Table<Int>& table, const RECT& clip)
 {

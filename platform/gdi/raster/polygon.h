@@ -47,6 +47,8 @@ public:
     // Any number of closed outlines that are filled as one figure.
     void begin();
     void add(std::span<const POINT> outline);
+    // Makes room for figures of that many points on a target of that many rows, so that none of them allocates.
+    void reserve(std::size_t points, int targetRows);
 
     // Emits the spans inside the rectangle, which is a part of the target. Rows come in order, spans from the left.
     template <class Sink>
@@ -68,6 +70,13 @@ private:
         std::vector<Edge<Int>> edges;
         std::vector<Edge<Int>*> active;
         std::vector<Edge<Int>*> entering;
+
+        void reserve(std::size_t count)
+        {
+            edges.reserve(count);
+            active.reserve(count);
+            entering.reserve(count);
+        }
     };
 
     struct Segment
