@@ -17,6 +17,8 @@ namespace
 
 using Outline = std::vector<POINT>;
 
+constexpr double wholeTurn = 2 * 3.14159265358979323846;
+
 // Buffers that live from call to call.
 raster::PolygonFiller& sharedFiller()
 {
@@ -188,6 +190,24 @@ void drawRectangle(const Dc& dc, RECT box)
 
 // ---- Ellipses
 
+// The outline of an ellipse from the right end of its middle, counter-clockwise on the screen: its pixels, or, where
+// it is too large to list those, the corners of a polygon.
+Outline ringOf(const raster::Ellipse& ellipse)
+{
+    if (ellipse.isWalked())
+        return ellipse.walk();
+    const RECT& box = ellipse.bounds();
+    const double rx = (double(box.right) - box.left - 1) / 2, ry = (double(box.bottom) - box.top - 1) / 2;
+    constexpr int sides = 4000;
+    Outline ring;
+    for (int i = 0; i < sides; ++i)
+    {
+        const double angle = wholeTurn * i / sides;
+        ring.push_back({LONG(box.left + rx * (1 + std::cos(angle))), LONG(box.top + ry * (1 - std::sin(angle)))});
+    }
+    return ring;
+}
+
 void drawUprightEllipse(const Dc& dc, RECT box)
 {
     const Stroke stroke(dc);
@@ -201,7 +221,7 @@ void drawUprightEllipse(const Dc& dc, RECT box)
     if (width == 1 && height == 1 && !stroke.isWide())
         return; // required: a single pixel shows nothing, unless a wide pen makes it a dot
     const raster::Ellipse ellipse(box, visible);
-    const Outline ring = stroke.isWide() || stroke.isDashed() ? ellipse.walk() : Outline();
+    const Outline ring = stroke.isWide() || stroke.isDashed() ? ringOf(ellipse) : Outline();
     drawFigure(
         dc, stroke, brush, grown(box, stroke.width() + 2),
         [&](const auto& sink, const RECT& clip)
@@ -230,7 +250,7 @@ Outline turnedEllipse(const Dc& dc, double left, double top, double right, doubl
     Outline outline;
     for (int i = 0; i < sides; ++i)
     {
-        const double angle = 2 * 3.14159265358979323846 * i / sides;
+        const double angle = wholeTurn * i / sides;
         outline.push_back(m.toDevice((left + right) / 2 + (right - left) / 2 * std::cos(angle),
                                      (top + bottom) / 2 + (bottom - top) / 2 * std::sin(angle)));
     }
@@ -239,37 +259,57 @@ Outline turnedEllipse(const Dc& dc, double left, double top, double right, doubl
 
 // ---- Arcs
 
-// Which of two directions comes first, going counter-clockwise on the screen from the right.
-double turnOf(double dx, double dy)
+struct Vector
 {
-    const double angle = std::atan2(-dy, dx);
-    return angle < 0 ? angle + 2 * 3.14159265358979323846 : angle;
+    double x, y;
+};
+
+// The turn from one direction to another, counter-clockwise on the screen: from 0 up to a whole turn, 0 only if they
+// are the same.
+double turn(Vector from, Vector to)
+{
+    const double angle = std::atan2(from.y * to.x - from.x * to.y, from.x * to.x + from.y * to.y);
+    return angle < 0 ? angle + wholeTurn : angle;
 }
 
+// The pixels of an arc in order, the one that a stroke leaves out last.
 Outline arcPixels(const Dc& dc, const RECT& box, POINT start, POINT end)
 {
     const raster::Ellipse ellipse(box, grown(dc.bitmap->pixels().box(), 1));
-    const Outline ring = ellipse.walk();
+    const Outline ring = ringOf(ellipse);
     if (ring.empty())
         return {};
-    const double cx = double(box.left) + double((std::int64_t(box.right) - box.left) / 2);
-    const double cy = double(box.top) + double((std::int64_t(box.bottom) - box.top) / 2);
-    const double from = turnOf(start.x - cx, start.y - cy), to = turnOf(end.x - cx, end.y - cy);
-    const double whole = 2 * 3.14159265358979323846;
-    const auto after = [&](double angle) { return angle >= from ? angle - from : angle - from + whole; };
-    const double length = from == to ? whole : after(to);
-    // The ring's pixels by their angle from the start.
-    std::vector<std::pair<double, POINT>> part;
+    const LONG cx = LONG(box.left + (std::int64_t(box.right) - box.left) / 2);
+    const LONG cy = LONG(box.top + (std::int64_t(box.bottom) - box.top) / 2);
+    const bool evenWidth = ((box.right ^ box.left) & 1) == 0, evenHeight = ((box.bottom ^ box.top) & 1) == 0;
+    const Vector from{double(start.x) - cx, double(start.y) - cy}, to{double(end.x) - cx, double(end.y) - cy};
+    const double length = turn(from, to) == 0 ? wholeTurn : turn(from, to);
+    // Where a pixel stands behind the start. The four quarters are mirror images of one another, so in an even box the
+    // left and upper ones are measured from the pixel beside the centre. On a ray itself, a pixel of the lower half
+    // counts as before it and one of the upper half as behind it.
+    const auto behindStart = [&](POINT p) {
+        const Vector v{double(p.x) - cx + (evenWidth && p.x < cx), double(p.y) - cy + (evenHeight && p.y < cy)};
+        const double angle = turn(from, v);
+        return angle == 0 && p.y > ellipse.upper(0) ? wholeTurn : angle;
+    };
+    const auto isInside = [&](POINT p, double behind) {
+        const Vector v{double(p.x) - cx + (evenWidth && p.x < cx), double(p.y) - cy + (evenHeight && p.y < cy)};
+        return length == wholeTurn || (turn(to, v) == 0 ? p.y > ellipse.upper(0) : behind < length);
+    };
+    std::vector<double> behind;
     for (const POINT& p : ring)
-    {
-        const double at = after(turnOf(p.x - cx, p.y - cy));
-        if (at <= length)
-            part.push_back({at, p});
-    }
-    std::stable_sort(part.begin(), part.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+        behind.push_back(behindStart(p));
+    std::size_t first = 0; // where the walk passes the start
+    for (std::size_t i = 1; i < ring.size(); ++i)
+        if (behind[i] < behind[i - 1])
+            first = i;
     Outline result;
-    for (const auto& [angle, p] : part)
-        result.push_back(p);
+    for (std::size_t i = 0; i < ring.size(); ++i)
+    {
+        const std::size_t at = (first + i) % ring.size();
+        if (isInside(ring[at], behind[at]))
+            result.push_back(ring[at]);
+    }
     return result;
 }
 

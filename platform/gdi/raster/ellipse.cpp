@@ -85,6 +85,7 @@ void Ellipse::walkRows(std::int64_t width, std::int64_t height)
 
 void Ellipse::computeRows(const RECT& visible)
 {
+    walked = false;
     const double width = double(box.right) - box.left, height = double(box.bottom) - box.top;
     const std::int64_t half = (std::int64_t(box.bottom) - box.top + 1) / 2;
     // Rows i that reach into the visible ones, above or below the middle.

@@ -38,7 +38,8 @@ public:
     EllipseRow row(int i) const { return rows[std::size_t(i - skipped)]; }
 
     // The outline pixels in the order of a walk around it, counter-clockwise on the screen from the right end of the
-    // upper middle row. Each pixel once. Not for ellipses of which rows were skipped.
+    // upper middle row. Each pixel once. Only for ellipses that are small enough to have been walked.
+    bool isWalked() const { return walked; }
     std::vector<POINT> walk() const;
 
     // Every row from its first to its last outline pixel.
@@ -100,6 +101,7 @@ private:
     RECT box{};
     int upperMiddle = 0, lowerMiddle = 0;
     int skipped = 0;
+    bool walked = true;
     std::vector<EllipseRow> rows;
 };
 
