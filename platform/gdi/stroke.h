@@ -5,7 +5,6 @@
 #include "platform/gdi/raster/dash.h"
 #include "platform/gdi/raster/wide_line.h"
 
-#include <array>
 #include <optional>
 #include <span>
 #include <vector>
@@ -49,12 +48,16 @@ public:
         {
             const POINT from = points[i], to = points[i + 1 < points.size() ? i + 1 : 0];
             if (pen)
-                raster::dashPieces(pieces, clip, pen->width(), from, to, position);
+                raster::dashPieces(pieces, clip, pen->width(), {from, to}, position);
             else
                 raster::dashedLine(sink, clip, from, to, position, gaps);
         }
         for (const raster::DashPiece& piece : pieces)
-            pen->polyline(sink, clip, std::array{piece.from, piece.to}, false, filler);
+        {
+            pen->dot(sink, clip, piece.part.from);
+            pen->dot(sink, clip, piece.part.to);
+            pen->piece(sink, clip, piece.part, piece.line, filler);
+        }
     }
 
 private:

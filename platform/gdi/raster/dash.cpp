@@ -31,14 +31,15 @@ void DashPosition::advance(std::int64_t steps)
     left -= steps;
 }
 
-void dashPieces(std::vector<DashPiece>& pieces, const RECT& clip, int width, POINT from, POINT to,
-                DashPosition& position)
+void dashPieces(std::vector<DashPiece>& pieces, const RECT& clip, int width, const Segment& line, DashPosition& position)
 {
+    const POINT from = line.from, to = line.to;
     const double dx = double(to.x) - from.x, dy = double(to.y) - from.y;
     const double length = std::sqrt(dx * dx + dy * dy);
     const std::int64_t whole = std::int64_t(length);
-    const auto at = [&](std::int64_t steps)
-    {
+    const auto at = [&](std::int64_t steps) {
+        if (double(steps) >= length)
+            return to;
         return POINT{LONG(from.x + std::int64_t(dx * double(steps) / length)),
                      LONG(from.y + std::int64_t(dy * double(steps) / length))};
     };
@@ -70,13 +71,17 @@ void dashPieces(std::vector<DashPiece>& pieces, const RECT& clip, int width, POI
     std::int64_t steps = std::int64_t(first);
     if (steps > 0)
         walk.advance(steps);
+    // A dash that is under way there is drawn from its beginning, so that its slant stays the same.
+    std::int64_t reached = steps;
+    steps = std::max<std::int64_t>(steps - walk.elapsed(), 0);
     for (;;)
     {
-        const std::int64_t end = std::min(whole, steps + walk.rest());
+        const std::int64_t end = reached + walk.rest();
+
         if (walk.isDash())
-            pieces.push_back({at(steps), at(end)});
-        steps += walk.rest();
-        if (steps >= whole || double(steps) > last)
+            pieces.push_back(DashPiece{{at(steps), at(end)}, line});
+        steps = reached = end;
+        if (double(steps) > last)
             return;
         walk.next();
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/gdi/raster/line.h"
+#include "platform/gdi/raster/wide_line.h"
 
 #include <span>
 #include <vector>
@@ -18,6 +19,7 @@ public:
 
     bool isDash() const { return index % 2 == 0; }
     std::int64_t rest() const { return left; } // steps to the end of this dash or gap
+    std::int64_t elapsed() const { return lengths[index % lengths.size()] - left; }
     void advance(std::int64_t steps);          // passes what has no length
     void next();                               // to the start of the next gap or dash, even if it has none
 
@@ -54,13 +56,12 @@ void dashedLine(const Sink& sink, const RECT& clip, POINT from, POINT to, DashPo
     position.advance(length);
 }
 
-// The dashes of a wide line as pieces, ends included, on whole positions along it. Pieces far from the clip, which is
-// taken with a margin of `width`, are left out. `position` goes on.
+// The dashes of a wide line as pieces with both ends drawn, on whole positions along it. Pieces far from the clip,
+// which is taken with a margin of `width`, are left out. `position` goes on by the whole part of the length.
 struct DashPiece
 {
-    POINT from, to;
+    Segment part, line;
 };
-void dashPieces(std::vector<DashPiece>& pieces, const RECT& clip, int width, POINT from, POINT to,
-                DashPosition& position);
+void dashPieces(std::vector<DashPiece>& pieces, const RECT& clip, int width, const Segment& line, DashPosition& position);
 
 } // namespace kv::raster

@@ -16,9 +16,9 @@ LONG saturated(std::int64_t v)
 
 } // namespace
 
-Quadrangle slantedSegment(POINT from, POINT to, int width)
+Quadrangle slantedSegment(const Segment& segment, const Segment& line, int width)
 {
-    const double dx = double(to.x) - from.x, dy = double(to.y) - from.y;
+    const double dx = double(line.to.x) - line.from.x, dy = double(line.to.y) - line.from.y;
     const double length = std::sqrt(dx * dx + dy * dy);
     const std::int64_t x = std::int64_t(std::floor(width * std::fabs(dy) / length)) + 1;
     const std::int64_t y = std::int64_t(std::floor(width * std::fabs(dx) / length)) + 1;
@@ -28,7 +28,7 @@ Quadrangle slantedSegment(POINT from, POINT to, int width)
         return POINT{saturated(p.x + (x + 1) / 2), saturated(p.y + slope * ((y + 1) / 2))};
     };
     const auto left = [&](POINT p) { return POINT{saturated(p.x - x / 2), saturated(p.y - slope * (y / 2))}; };
-    return {{right(from), right(to), left(to), left(from)}};
+    return {{right(segment.from), right(segment.to), left(segment.to), left(segment.from)}};
 }
 
 WidePen::WidePen(int width) : size(std::max(width, 1))

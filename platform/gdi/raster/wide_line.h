@@ -10,12 +10,18 @@
 namespace kv::raster
 {
 
-// The quadrangle of a slanted segment, by the corners around it.
+struct Segment
+{
+    POINT from, to;
+};
+
+// The quadrangle of a slanted segment, by the corners around it. The segment is a part of `line`, which gives the
+// slant.
 struct Quadrangle
 {
     POINT corners[4];
 };
-Quadrangle slantedSegment(POINT from, POINT to, int width);
+Quadrangle slantedSegment(const Segment& segment, const Segment& line, int width);
 
 class WidePen
 {
@@ -33,8 +39,13 @@ public:
                   PolygonFiller& filler) const;
     template <class Sink>
     void dot(const Sink& sink, const RECT& clip, POINT center) const;
+    template <class Sink> void segment(const Sink& sink, const RECT& clip, const Segment& line, PolygonFiller& filler) const
+    {
+        piece(sink, clip, line, line, filler);
+    }
+    // A part of a longer segment.
     template <class Sink>
-    void segment(const Sink& sink, const RECT& clip, POINT from, POINT to, PolygonFiller& filler) const;
+    void piece(const Sink& sink, const RECT& clip, const Segment& part, const Segment& line, PolygonFiller& filler) const;
 
 private:
     static constexpr int tableLimit = 1 << 16; // the dots of wider pens are computed where they are needed
@@ -80,18 +91,16 @@ void WidePen::dot(const Sink& sink, const RECT& clip, POINT center) const
 }
 
 template <class Sink>
-void WidePen::segment(const Sink& sink, const RECT& clip, POINT from, POINT to, PolygonFiller& filler) const
+void WidePen::piece(const Sink& sink, const RECT& clip, const Segment& part, const Segment& line, PolygonFiller& filler) const
 {
     const std::int64_t half = size / 2;
-    if (from.y == to.y)
+    const POINT from = part.from, to = part.to;
+    if (line.from.y == line.to.y)
         box(sink, clip, std::min(from.x, to.x), from.y - half, std::max(from.x, to.x), from.y - half + size);
-    else if (from.x == to.x)
+    else if (line.from.x == line.to.x)
         box(sink, clip, from.x - half, std::min(from.y, to.y), from.x - half + size, std::max(from.y, to.y));
     else
-    {
-        const Quadrangle q = slantedSegment(from, to, size);
-        filler.fill(sink, clip, q.corners, FillRule::Alternate);
-    }
+        filler.fill(sink, clip, slantedSegment(part, line, size).corners, FillRule::Alternate);
 }
 
 template <class Sink>
@@ -102,7 +111,7 @@ void WidePen::polyline(const Sink& sink, const RECT& clip, std::span<const POINT
     {
         dot(sink, clip, points[i]);
         if (i + 1 < points.size() || closed)
-            segment(sink, clip, points[i], points[i + 1 < points.size() ? i + 1 : 0], filler);
+            segment(sink, clip, {points[i], points[i + 1 < points.size() ? i + 1 : 0]}, filler);
     }
 }
 
