@@ -287,12 +287,14 @@ Outline arcPixels(const Dc& dc, const RECT& box, POINT start, POINT end)
     // Where a pixel stands behind the start. The four quarters are mirror images of one another, so in an even box the
     // left and upper ones are measured from the pixel beside the centre. On a ray itself, a pixel of the lower half
     // counts as before it and one of the upper half as behind it.
-    const auto behindStart = [&](POINT p) {
+    const auto behindStart = [&](POINT p)
+    {
         const Vector v{double(p.x) - cx + (evenWidth && p.x < cx), double(p.y) - cy + (evenHeight && p.y < cy)};
         const double angle = turn(from, v);
         return angle == 0 && p.y > ellipse.upper(0) ? wholeTurn : angle;
     };
-    const auto isInside = [&](POINT p, double behind) {
+    const auto isInside = [&](POINT p, double behind)
+    {
         const Vector v{double(p.x) - cx + (evenWidth && p.x < cx), double(p.y) - cy + (evenHeight && p.y < cy)};
         return length == wholeTurn || (turn(to, v) == 0 ? p.y > ellipse.upper(0) : behind < length);
     };
@@ -422,7 +424,15 @@ BOOL Ellipse(HDC handle, int left, int top, int right, int bottom)
     if (!dc)
         return FALSE;
     if (dc->state.mapping.isUpright())
-        drawUprightEllipse(*dc, dc->state.mapping.deviceRect({left, top, right, bottom}));
+    {
+        const Mapping& mapping = dc->state.mapping;
+        // Through a world transform the curve runs from corner to corner: the right and bottom edges are inside.
+        RECT box = mapping.deviceRect({left, top, right, bottom});
+        if (!isIdentity(mapping.world) && !isEmpty(box))
+            box = {box.left, box.top, box.right < INT32_MAX ? box.right + 1 : box.right,
+                   box.bottom < INT32_MAX ? box.bottom + 1 : box.bottom};
+        drawUprightEllipse(*dc, box);
+    }
     else if (left != right && top != bottom)
     {
         const Outline curve = turnedEllipse(*dc, left, top, right, bottom);

@@ -127,6 +127,11 @@ int Mapping::penWidth(int logical) const
     return width < INT32_MAX ? std::max(1, int(width)) : INT32_MAX;
 }
 
+bool isIdentity(const XFORM& t)
+{
+    return t.eM11 == 1 && t.eM12 == 0 && t.eM21 == 0 && t.eM22 == 1 && t.eDx == 0 && t.eDy == 0;
+}
+
 XFORM combined(const XFORM& a, const XFORM& b)
 {
     return {a.eM11 * b.eM11 + a.eM12 * b.eM21,       a.eM11 * b.eM12 + a.eM12 * b.eM22,

@@ -35,6 +35,7 @@ private:
     DeviceMapping forward;
 };
 
+bool isIdentity(const XFORM& transform);
 XFORM combined(const XFORM& first, const XFORM& second);
 
 } // namespace kv::gdi

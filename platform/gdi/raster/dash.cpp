@@ -31,13 +31,15 @@ void DashPosition::advance(std::int64_t steps)
     left -= steps;
 }
 
-void dashPieces(std::vector<DashPiece>& pieces, const RECT& clip, int width, const Segment& line, DashPosition& position)
+void dashPieces(std::vector<DashPiece>& pieces, const RECT& clip, int width, const Segment& line,
+                DashPosition& position)
 {
     const POINT from = line.from, to = line.to;
     const double dx = double(to.x) - from.x, dy = double(to.y) - from.y;
     const double length = std::sqrt(dx * dx + dy * dy);
     const std::int64_t whole = std::int64_t(length);
-    const auto at = [&](std::int64_t steps) {
+    const auto at = [&](std::int64_t steps)
+    {
         if (double(steps) >= length)
             return to;
         return POINT{LONG(from.x + std::int64_t(dx * double(steps) / length)),

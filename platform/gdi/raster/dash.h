@@ -20,8 +20,8 @@ public:
     bool isDash() const { return index % 2 == 0; }
     std::int64_t rest() const { return left; } // steps to the end of this dash or gap
     std::int64_t elapsed() const { return lengths[index % lengths.size()] - left; }
-    void advance(std::int64_t steps);          // passes what has no length
-    void next();                               // to the start of the next gap or dash, even if it has none
+    void advance(std::int64_t steps); // passes what has no length
+    void next();                      // to the start of the next gap or dash, even if it has none
 
 private:
     std::span<const int> lengths;
@@ -62,6 +62,7 @@ struct DashPiece
 {
     Segment part, line;
 };
-void dashPieces(std::vector<DashPiece>& pieces, const RECT& clip, int width, const Segment& line, DashPosition& position);
+void dashPieces(std::vector<DashPiece>& pieces, const RECT& clip, int width, const Segment& line,
+                DashPosition& position);
 
 } // namespace kv::raster

@@ -39,13 +39,15 @@ public:
                   PolygonFiller& filler) const;
     template <class Sink>
     void dot(const Sink& sink, const RECT& clip, POINT center) const;
-    template <class Sink> void segment(const Sink& sink, const RECT& clip, const Segment& line, PolygonFiller& filler) const
+    template <class Sink>
+    void segment(const Sink& sink, const RECT& clip, const Segment& line, PolygonFiller& filler) const
     {
         piece(sink, clip, line, line, filler);
     }
     // A part of a longer segment.
     template <class Sink>
-    void piece(const Sink& sink, const RECT& clip, const Segment& part, const Segment& line, PolygonFiller& filler) const;
+    void piece(const Sink& sink, const RECT& clip, const Segment& part, const Segment& line,
+               PolygonFiller& filler) const;
 
 private:
     static constexpr int tableLimit = 1 << 16; // the dots of wider pens are computed where they are needed
@@ -91,7 +93,8 @@ void WidePen::dot(const Sink& sink, const RECT& clip, POINT center) const
 }
 
 template <class Sink>
-void WidePen::piece(const Sink& sink, const RECT& clip, const Segment& part, const Segment& line, PolygonFiller& filler) const
+void WidePen::piece(const Sink& sink, const RECT& clip, const Segment& part, const Segment& line,
+                    PolygonFiller& filler) const
 {
     const std::int64_t half = size / 2;
     const POINT from = part.from, to = part.to;
