@@ -290,6 +290,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    friend class KvN::KvContourWndState;
     using MakeFromDiagonal = void (KvContour::*)(double, double, double, double);
 
     void ShowCursor(HCURSOR cursor);
@@ -345,6 +346,8 @@ private:
     void DrawFigureLine(CDC& dc, const KvVec2i& position);
     void DrawFigurePoints(CDC& dc, const Pair& pair, int width, COLORREF color);
     int FigureWidth() const;
+
+    KvN::KvContourKeeper m_Keeper;
 
     static bool IsSet(const KvVec2i& position) { return position.x != Unset && position.y != Unset; }
 

@@ -4,22 +4,41 @@
 #include "C/syContour.h"
 #include "contracts/undo.h"
 
+#include <cstdint>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
 class KvContourWnd;
 
 namespace KvN
 {
 
-// Holds deep copies of an editor's contours, whole, and nothing else of it: no selection, tool, figure or markers. The
+// Copies of an editor's contours as its snapshots keep them: never changed, and made once for as long as the contour
+// itself stays the same. A long history thus costs what was changed, not what there is.
+class KvContourKeeper
+{
+public:
+    using Kept = std::shared_ptr<const KvContour>;
+
+    // A copy that equals the contour in every field, to the bit; the last one made for its ID if that still does.
+    Kept Keep(const KvContour& contour);
+
+private:
+    std::unordered_map<std::int32_t, std::weak_ptr<const KvContour>> known;
+};
+
+// Holds copies of an editor's contours, whole, and nothing else of it: no selection, tool, figure or markers. The
 // editor is not owned and must be there whenever the state is read or written.
 class KvContourWndState : public KvState
 {
 public:
     // Empty until `Read`.
     explicit KvContourWndState(KvContourWnd* contourWnd);
-    // A state that nobody refers to yet, with the same editor and copies of the contours.
-    KvContourWndState(const KvContourWndState& other);
+    // A state that nobody refers to yet, with the same editor and contours.
+    KvContourWndState(const KvContourWndState& other) = default;
     // Takes over the reference count too, which is required.
-    KvContourWndState& operator=(const KvContourWndState& other);
+    KvContourWndState& operator=(const KvContourWndState& other) = default;
 
     // Copies the editor's contours; without memory for all of them the snapshot is left empty.
     void Read() override;
@@ -32,7 +51,7 @@ public:
 
 private:
     KvContourWnd* m_pContourWnd;
-    KvTPList<KvContour> m_Contours;
+    std::vector<KvContourKeeper::Kept> m_Contours; // by ascending ID
 };
 
 } // namespace KvN

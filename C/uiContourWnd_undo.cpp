@@ -1,6 +1,7 @@
 // Snapshots of the editor's store, and the road to the host's undo manager.
 #include "C/uiContourWnd.h"
 
+#include <bit>
 #include <memory>
 #include <new>
 
@@ -9,32 +10,29 @@ using namespace KvN;
 namespace
 {
 
-// Replaces the target's contours by deep copies, all or none. Both lists order and free contours in the same way.
-int CopyContours(const KvTPList<KvContour>& source, KvTPList<KvContour>& target)
+bool SameBits(double a, double b)
 {
-    target.Clear();
-    try
-    {
-        for (unsigned long i = 0; i < source.NumEntries(); ++i)
-        {
-            auto copy = std::make_unique<KvContour>(*source.GetEntry(i));
-            if (!target.AddEntry(copy.get()))
-                throw std::bad_alloc();
-            copy.release();
-        }
-    }
-    catch (const std::bad_alloc&)
-    {
-        target.Clear();
-        return 0;
-    }
-    return 1;
+    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
 }
 
-void OwnContours(KvTPList<KvContour>& list)
+bool SamePoints(const KvTList<KvVec2d>& a, const KvTList<KvVec2d>& b)
 {
-    list.SetClearFunction(&KvContour::ClrFunc);
-    list.SetCompareFunction(&KvContour::CmpFunc);
+    if (a.count != b.count)
+        return false;
+    for (auto *p = a.head, *q = b.head; p && q; p = p->next, q = q->next)
+    {
+        if (!SameBits(p->value.x, q->value.x) || !SameBits(p->value.y, q->value.y))
+            return false;
+    }
+    return true;
+}
+
+bool IsSame(const KvContour& a, const KvContour& b)
+{
+    return a.ID() == b.ID() && a.SequenceID() == b.SequenceID() && a.Exclude() == b.Exclude() &&
+           a.ReadOnly() == b.ReadOnly() && a.ContourType() == b.ContourType() && a.Color() == b.Color() &&
+           SameBits(a.LineWidth(), b.LineWidth()) && SameBits(a.Angle(), b.Angle()) &&
+           a.Description() == b.Description() && SamePoints(a.CurvePositions(), b.CurvePositions());
 }
 
 } // namespace
@@ -42,39 +40,45 @@ void OwnContours(KvTPList<KvContour>& list)
 namespace KvN
 {
 
-KvContourWndState::KvContourWndState(KvContourWnd* contourWnd) : m_pContourWnd(contourWnd)
+KvContourKeeper::Kept KvContourKeeper::Keep(const KvContour& contour)
 {
-    OwnContours(m_Contours);
+    std::weak_ptr<const KvContour>& last = known[contour.ID()];
+    if (Kept kept = last.lock(); kept && IsSame(*kept, contour))
+        return kept;
+    const Kept copy = std::make_shared<const KvContour>(contour);
+    last = copy;
+    return copy;
 }
 
-KvContourWndState::KvContourWndState(const KvContourWndState& other)
-    : KvState(other), m_pContourWnd(other.m_pContourWnd)
-{
-    OwnContours(m_Contours);
-    CopyContours(other.m_Contours, m_Contours);
-}
-
-KvContourWndState& KvContourWndState::operator=(const KvContourWndState& other)
-{
-    KvState::operator=(other);
-    m_pContourWnd = other.m_pContourWnd;
-    if (this != &other)
-        CopyContours(other.m_Contours, m_Contours);
-    return *this;
-}
+KvContourWndState::KvContourWndState(KvContourWnd* contourWnd) : m_pContourWnd(contourWnd) {}
 
 void KvContourWndState::Read()
 {
-    if (!m_pContourWnd || m_pContourWnd->GetContourList() == &m_Contours)
+    if (!m_pContourWnd)
         return;
-    CopyContours(*m_pContourWnd->GetContourList(), m_Contours);
+    m_Contours.clear();
+    try
+    {
+        const KvTPList<KvContour>& contours = *m_pContourWnd->GetContourList();
+        m_Contours.reserve(contours.NumEntries());
+        for (unsigned long i = 0; i < contours.NumEntries(); ++i)
+            m_Contours.push_back(m_pContourWnd->m_Keeper.Keep(*contours.GetEntry(i)));
+    }
+    catch (const std::bad_alloc&)
+    {
+        m_Contours.clear();
+    }
 }
 
 void KvContourWndState::Write()
 {
     if (!m_pContourWnd)
         return;
-    m_pContourWnd->SetContourList(m_Contours);
+    // Owns nothing, and is only read.
+    KvTPList<KvContour> list;
+    for (const KvContourKeeper::Kept& kept : m_Contours)
+        list.AddEntry(const_cast<KvContour*>(kept.get()));
+    m_pContourWnd->SetContourList(list);
     m_pContourWnd->m_SignalContourAdded.Emit(nullptr);
     if (::IsWindow(m_pContourWnd->GetSafeHwnd()))
     {
