@@ -1,6 +1,8 @@
 // The debug file: its lines, its rotation, and that it never fails its caller.
 #include "contracts/basics/KvExceptionManager.h"
 
+#include "tests/basics/failing_memory.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -142,6 +144,19 @@ TEST_F(KvExceptionManagerTest, AFullDiskFailsNobody)
     KvException failure("f", 1, "m");
     pExceptionMgr->WriteToDebugFile(failure, 1);
     EXPECT_TRUE(fs::is_symlink(log));
+}
+
+TEST_F(KvExceptionManagerTest, RunningOutOfMemoryAnywhereFailsNobody)
+{
+    KvException failure("C/syMaskToAOI", 42, "Eine Meldung, die in keinen kleinen Puffer passt");
+    const KvString text("Eine Meldung, die in keinen kleinen Puffer passt");
+    for (int allocations = 0; allocations < 60; ++allocations)
+    {
+        const kv::testing::OutOfMemory soon(allocations);
+        pExceptionMgr->WriteToDebugFile(failure, 1);
+        pExceptionMgr->WriteToDebugFile(text, 1, 1);
+    }
+    EXPECT_NE(Content(log).find("42: Eine Meldung"), std::string::npos) << "enough memory in the end";
 }
 
 TEST_F(KvExceptionManagerTest, StandsBelowTheHomeFolderWithoutAnAbsoluteStateFolder)

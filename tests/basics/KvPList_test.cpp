@@ -1,6 +1,8 @@
 // Lists of pointers with settable compare and clear functions.
 #include "contracts/basics/KvPList.h"
 
+#include "tests/basics/failing_memory.h"
+
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -151,6 +153,28 @@ TEST(CPList, DuplicateReplacesTheOtherListsEntries)
     EXPECT_EQ(Values(other), (std::vector{1, 2}));
     EXPECT_NE(list.DuplicateList(list), 0);
     EXPECT_EQ(Values(list), (std::vector{1, 2}));
+}
+
+TEST(CPList, OutOfMemoryIsAZeroAndTheEntryStaysTheCallers)
+{
+    int one = 1;
+    CPList list, copy;
+    cleared = 0;
+    list.SetClearFunction(&CountUntyped);
+    copy.SetClearFunction(&CountUntyped);
+    copy.AddEntry(&one);
+    {
+        const kv::testing::OutOfMemory now;
+        EXPECT_EQ(list.AddEntry(&one), 0);
+    }
+    EXPECT_EQ(list.NumEntries(), 0u);
+    list.AddEntry(&one);
+    {
+        const kv::testing::OutOfMemory now;
+        EXPECT_EQ(list.DuplicateList(copy), 0);
+    }
+    EXPECT_EQ(copy.NumEntries(), 1u) << "the other list is as it was";
+    EXPECT_EQ(cleared, 0);
 }
 
 TEST(KvTPList, IsTyped)
