@@ -5,6 +5,7 @@
 #include "resource_image.h"
 #include "resource_mask.h"
 #include "resource_view.h"
+#include "resource_win.h"
 #include "resource_workbench.h"
 
 // Messages of the contour files.

@@ -50,4 +50,7 @@ public:
 
     // Asks `target`; with `disableIfNoHandler`, an item that nobody handles is grayed. Non-zero if a handler ran.
     BOOL DoUpdate(CCmdTarget* target, BOOL disableIfNoHandler);
+
+protected:
+    bool enableChanged = false;
 };

@@ -41,6 +41,7 @@ protected:
     void OnCommandOK() { OnOK(); }
     void OnCommandCancel() { OnCancel(); }
     LRESULT OnInitDialogMessage(WPARAM, LPARAM);
+    void PressDefault();
     DECLARE_MESSAGE_MAP()
 
 private:

@@ -47,8 +47,8 @@ private:
     };
     std::vector<Button> buttons;
     CSize cell{16, 15};
-    CSize size() const;
-    void Rebuild(HBITMAP strip);
+    void Rebuild(const void* strip);
+    void Place();
     Button* Find(int id);
     void Show(const Button& button);
 };

@@ -237,4 +237,4 @@ inline constexpr int SM_CXBORDER = 5;
 inline constexpr int SM_CYBORDER = 6;
 inline constexpr int SM_CXEDGE = 45;
 inline constexpr int SM_CYEDGE = 46;
-int GetSystemMetrics(int index);
+int GetSystemMetrics(int index); // the same on every machine but for the screen: bars are 17 pixels thick

@@ -42,5 +42,6 @@ protected:
     void OnDestroy();
     void OnPaint();
     LRESULT OnInitialUpdateMessage(WPARAM, LPARAM);
+    LRESULT OnMouseActivateMessage(WPARAM, LPARAM);
     DECLARE_MESSAGE_MAP()
 };
