@@ -92,14 +92,11 @@ private:
     void ExamineId(const KvContour& contour)
     {
         const int count = parser.Get_Attribute_Count();
-        for (int i = 0; i < count; ++i)
-        {
-            const std::string attribute = parser.Get_Attribute_Name(i).Utf8();
-            if (attribute == "Id" && count > 1)
-                return Add("a second attribute makes its Id ignored");
-            if (attribute != "Id" && count == 1)
-                return Add("the attribute " + Quoted(parser.Get_Attribute_Name(i)) + " is not read");
-        }
+        const bool hasId = parser.Has_Attribute("Id");
+        if (hasId && count > 1)
+            return Add("a second attribute makes its Id ignored");
+        if (!hasId && count == 1)
+            return Add("the attribute " + Quoted(parser.Get_Attribute_Name(0)) + " is not read");
         if (count == 1 && !KvString(parser.Get_Attribute_Value(0).Text()).IsIntNum())
             return Add("its Id " + Quoted(parser.Get_Attribute_Value(0).Text()) + " is no number");
         if (contour.ID() < 0)

@@ -1,4 +1,4 @@
-// Writing beside the target: temporary name, sync, rename, clean-up after failures.
+// Writing beside the target: without a name where possible, then sync, name, rename; clean-up after failures.
 #include "contracts/basics/KvAtomicFile.h"
 
 #include <cerrno>
@@ -13,6 +13,9 @@ namespace KvN
 namespace fs = std::filesystem;
 namespace
 {
+// Where an open file without a name can be found.
+constexpr const char* descriptors = "/proc/self/fd";
+
 // A name in the same folder, so that the rename stays within one file system. It is short and begins with a dot:
 // adding to the target's own name could exceed the longest one allowed.
 fs::path Beside(const fs::path& target)
@@ -40,11 +43,15 @@ fs::path Followed(const fs::path& name)
     return place;
 }
 
+fs::path FolderOf(const fs::path& file)
+{
+    return file.has_parent_path() ? file.parent_path() : fs::path(".");
+}
+
 // A rename is on the disk only when its folder is. Not every file system can sync one, so a failure is no failure.
 void SyncFolder(const fs::path& file)
 {
-    const fs::path folder = file.has_parent_path() ? file.parent_path() : fs::path(".");
-    const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int descriptor = open(FolderOf(file).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (descriptor < 0)
         return;
     fsync(descriptor);
@@ -73,7 +80,7 @@ void KvAtomicFile::Open()
     }
     if (!exists)
     {
-        OpenTemporary(0666);
+        OpenBeside(0666);
         return;
     }
     if (S_ISDIR(found.st_mode))
@@ -83,6 +90,7 @@ void KvAtomicFile::Open()
     }
     if (!S_ISREG(found.st_mode))
     {
+        direct = true;
         descriptor = open(target.c_str(), O_WRONLY | O_CLOEXEC);
         if (descriptor < 0)
             Fail();
@@ -94,7 +102,7 @@ void KvAtomicFile::Open()
         Fail();
         return;
     }
-    OpenTemporary(0600);
+    OpenBeside(0600);
     if (descriptor < 0)
         return;
     // The owner can be kept by a privileged process only; if the group can't be, its rights must not pass to another.
@@ -104,8 +112,12 @@ void KvAtomicFile::Open()
         Fail();
 }
 
-void KvAtomicFile::OpenTemporary(unsigned mode)
+void KvAtomicFile::OpenBeside(unsigned mode)
 {
+    if (access(descriptors, F_OK) == 0)
+        descriptor = open(FolderOf(target).c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, mode);
+    if (descriptor >= 0)
+        return;
     for (int attempt = 0; attempt < 8; ++attempt)
     {
         temporary = Beside(target);
@@ -115,15 +127,28 @@ void KvAtomicFile::OpenTemporary(unsigned mode)
         if (errno != EEXIST)
             break;
     }
-    Fail();
     temporary.clear();
+    Fail();
+}
+
+// A file without a name gets one, since only names can be renamed over an existing file.
+bool KvAtomicFile::NameTemporary()
+{
+    if (!temporary.empty())
+        return true;
+    const fs::path self = fs::path(descriptors) / std::to_string(descriptor);
+    const fs::path name = Beside(target);
+    if (linkat(AT_FDCWD, self.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) != 0)
+        return Fail();
+    temporary = name;
+    return true;
 }
 
 bool KvAtomicFile::Write(const void* data, std::size_t size)
 {
     if (error || descriptor < 0)
         return false;
-    if (temporary.empty())
+    if (direct)
     {
         held.append(static_cast<const char*>(data), size);
         return true;
@@ -141,7 +166,7 @@ bool KvAtomicFile::Commit()
 {
     if (error || descriptor < 0)
         return false;
-    if (!temporary.empty())
+    if (!direct)
         return Flush() && Place();
     if (!WriteOut(held.data(), held.size()))
         return false;
@@ -155,6 +180,8 @@ bool KvAtomicFile::Place()
 {
     if (fsync(descriptor) != 0)
         return Fail();
+    if (!NameTemporary())
+        return false;
     const int written = descriptor;
     descriptor = -1;
     if (close(written) != 0 || rename(temporary.c_str(), target.c_str()) != 0)

@@ -12,10 +12,10 @@ namespace KvN
 {
 
 // Until `Commit` succeeds, whatever stood under the name stays as it was; an object that goes away before, or after a
-// failure, leaves nothing behind. An existing file keeps its permissions, and one that may not be written is not
-// replaced. A symbolic link is followed. A name that is no regular file (a pipe, a device) gets everything by the
-// commit, since nothing can be renamed over it.
-// A process that limits its file sizes must ignore SIGXFSZ to be told of the failure instead of being ended.
+// failure, leaves nothing behind. Nor does a process that is killed, where the file system knows files without a name.
+// An existing file keeps its permissions, and one that may not be written is not replaced. A symbolic link is followed.
+// A name that is no regular file (a pipe, a device) gets everything by the commit, since nothing can be renamed over
+// it. A process that limits its file sizes must ignore SIGXFSZ to be told of the failure instead of being ended.
 class KvAtomicFile
 {
 public:
@@ -38,7 +38,8 @@ private:
     static constexpr std::size_t capacity = 1 << 16;
 
     void Open();
-    void OpenTemporary(unsigned mode);
+    void OpenBeside(unsigned mode);
+    bool NameTemporary();
     bool Flush();
     bool WriteOut(const char* bytes, std::size_t size);
     bool Place();
@@ -46,7 +47,8 @@ private:
     void Drop() noexcept;
 
     std::filesystem::path target;
-    std::filesystem::path temporary; // empty when writing to the target itself
+    std::filesystem::path temporary; // the name of what is renamed at last; empty while it has none
+    bool direct = false;             // writing to the target itself
     int descriptor = -1;
     std::unique_ptr<char[]> buffer;
     std::size_t used = 0;

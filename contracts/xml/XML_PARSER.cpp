@@ -193,6 +193,11 @@ CComVariant XML_PARSER::Get_Attribute_Value(int index) const
     return CComVariant(CStringT(AttributeAt(document->cursor, index).value()));
 }
 
+int XML_PARSER::Has_Attribute(const char* utf8Name) const
+{
+    return !document->cursor.attribute(utf8Name).empty();
+}
+
 int XML_PARSER::Go_to_Root()
 {
     return document->Go(document->tree.document_element());

@@ -34,8 +34,8 @@ public:
     void Reset_XML_Document();
 
     // Reading: non-zero on success, with the cursor at the top of the document. Whatever fails (no file, no XML, a
-    // second root, nesting beyond `deepest`) leaves an empty document and an error. Any encoding that can be told from
-    // the first bytes or the declaration is read; entities of a document's own are not expanded.
+    // second root, text beside the root, nesting beyond `deepest`) leaves an empty document and an error. Any encoding
+    // that can be told from the first bytes or the declaration is read; entities of a document's own are not expanded.
     int Load_XML_Document(const wchar_t* path);
     int Load_XML_File(const std::filesystem::path& path);
     int Load_XML_Buffer(const void* bytes, std::size_t size);
@@ -86,6 +86,7 @@ public:
     int Get_Attribute_Count() const;
     KvString& Get_Attribute_Name(int index);
     CComVariant Get_Attribute_Value(int index) const;
+    int Has_Attribute(const char* utf8Name) const;
 
     // To the root element, up one level (from the root element to the document), to the first child of a name.
     int Go_to_Root();

@@ -13,9 +13,10 @@ namespace KvN
 namespace
 {
 // Text that consists of blanks is kept where it is all there is below an element: between elements it only indents.
-// The first text of an element is held in the element itself, which halves the number of nodes.
-constexpr unsigned reading =
-    pugi::parse_default | pugi::parse_comments | pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata;
+// The first text of an element is held in the element itself, which halves the number of nodes. Text beside the root is
+// read as if the document were a fragment, since the library would pass over it otherwise.
+constexpr unsigned reading = pugi::parse_default | pugi::parse_comments | pugi::parse_ws_pcdata_single |
+                             pugi::parse_embed_pcdata | pugi::parse_fragment;
 constexpr unsigned writing = pugi::format_indent | pugi::format_no_declaration;
 constexpr const char* indent = "  ";
 constexpr std::string_view declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
@@ -157,10 +158,14 @@ int XML_PARSER::Document::Accept(const pugi::xml_parse_result& result)
     if (!result)
         return Fail(std::string("not XML: ") + result.description(), result.offset);
     const pugi::xml_node root = tree.document_element();
-    for (pugi::xml_node other = root.next_sibling(); other; other = other.next_sibling())
+    if (!root)
+        return Fail("not XML: no root element", 0);
+    for (const pugi::xml_node node : tree.children())
     {
-        if (other.type() == pugi::node_element)
-            return Fail("not XML: a second root element", other.offset_debug());
+        if (node.type() == pugi::node_element && node != root)
+            return Fail("not XML: a second root element", node.offset_debug());
+        if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata)
+            return Fail("not XML: text outside of the root element", node.offset_debug());
     }
     pugi::xml_node where;
     if (TooDeep(tree, where))

@@ -2,6 +2,7 @@
 #include "contracts/basics/KvAtomicFile.h"
 
 #include <csignal>
+#include <fcntl.h>
 #include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
@@ -184,4 +185,21 @@ TEST_F(AtomicFile, AFolderThatVanishesFailsTheCommit)
     fs::remove_all(folder);
     EXPECT_FALSE(out.Commit());
     EXPECT_EQ(out.Error(), std::errc::no_such_file_or_directory);
+}
+
+TEST_F(AtomicFile, AProcessThatIsKilledLeavesTheOldFileAndNothingElse)
+{
+    Put(folder / "a.txt", "old");
+    const pid_t child = fork();
+    if (child == 0)
+    {
+        KvAtomicFile out(folder / "a.txt");
+        out.Write(std::string(200000, 'x'));
+        raise(SIGKILL);
+    }
+    waitpid(child, nullptr, 0);
+    EXPECT_EQ(Content(folder / "a.txt"), "old");
+    const int unnamed = open(folder.c_str(), O_WRONLY | O_TMPFILE, 0600);
+    EXPECT_EQ(Entries(), unnamed >= 0 ? 1 : 2); // else the file system needs a name for it
+    close(unnamed);
 }

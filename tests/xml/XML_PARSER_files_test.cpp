@@ -112,8 +112,9 @@ TEST_F(XmlFiles, LineBreaksOfOtherSystemsReadAsLineFeeds)
 
 TEST_F(XmlFiles, WhatIsNoXmlLeavesAnEmptyDocumentAndAnError)
 {
-    for (const char* source : {"", " ", "text", "<a", "<a>", "<a></b>", "<a/><b/>", "<?xml version='1.0'?>",
-                               "<a b></a>", "<!-- only -->", "<a><![CDATA[</a>"})
+    for (const char* source :
+         {"", " ", "text", "<a", "<a>", "<a></b>", "<a/><b/>", "<?xml version='1.0'?>", "<a b></a>", "<!-- only -->",
+          "<a><![CDATA[</a>", "<a/>text", "text<a/>", "<a/><![CDATA[x]]>"})
     {
         ASSERT_TRUE(Read("<former/>"));
         EXPECT_FALSE(Read(source)) << source;

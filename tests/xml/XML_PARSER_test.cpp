@@ -149,6 +149,8 @@ TEST_F(XmlCursor, AttributesAreSetChangedAndCounted)
     EXPECT_TRUE(parser.Set_Attribute(L"b", L"<\"&'\n\t\r>"));
     EXPECT_TRUE(parser.Set_Attribute(L"Id", KvString(8L)));
     EXPECT_EQ(parser.Get_Attribute_Count(), 2);
+    EXPECT_TRUE(parser.Has_Attribute("b"));
+    EXPECT_FALSE(parser.Has_Attribute("c"));
     EXPECT_EQ(parser.Get_Attribute_Name(0).Utf8(), "Id");
     EXPECT_EQ(KvString(parser.Get_Attribute_Value(0).Text()).Utf8(), "8");
     const std::string saved = parser.Save_XML_Text();
