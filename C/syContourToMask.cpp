@@ -43,7 +43,9 @@ KvException* AsKvException(CException* failure)
 
 } // namespace
 
-void KvContourToMask::Execute(KvTList<KvContour> contours, KvAOI8* aoi)
+void KvContourToMask::Execute(KvTList<KvContour> contours, KvAOI8* aoi) { Draw(contours, aoi); }
+
+void KvContourToMask::Draw(const KvTList<KvContour>& contours, KvAOI8* aoi)
 try
 {
     mask::Figures figures(aoi->AOIWidth(), aoi->AOIHeight());

@@ -22,6 +22,8 @@ public:
     // Replaces the AOI's whole content by the figures, drawn in list order: an excluding figure takes away only what
     // came before it. After a failure, which is thrown on and stands in the debug file, the AOI is as it was.
     void Execute(KvTList<KvContour> contours, KvAOI8* aoi);
+    // The same without a copy of the list, whose cursors stay where they are.
+    void Draw(const KvTList<KvContour>& contours, KvAOI8* aoi);
 
 private:
     const KvOLut* GetOLutResult();

@@ -7,6 +7,7 @@
 #include "contracts/image/KvColor.h"
 #include "contracts/image/KvDIB.h"
 #include "contracts/image/KvDevice.h"
+#include "contracts/image/KvImageException.h"
 #include "contracts/image/KvImageFile.h"
 #include "contracts/image/KvLink.h"
 #include "contracts/image/KvLut.h"

@@ -7,7 +7,9 @@ namespace kvcontour
 {
 
 // What a subcommand does runs within the parsing; it throws a Failure if its input is at fault.
+void AddMask(CLI::App& app);
 void AddInfo(CLI::App& app);
+void AddDraw(CLI::App& app);
 void AddConvert(CLI::App& app);
 void AddCheck(CLI::App& app);
 

@@ -29,7 +29,9 @@ void Setup(CLI::App& app)
     app.failure_message(CommandLineError);
     app.require_subcommand(1);
     app.footer("Run kvcontour SUBCOMMAND --help for its options and examples.");
+    kvcontour::AddMask(app);
     kvcontour::AddInfo(app);
+    kvcontour::AddDraw(app);
     kvcontour::AddConvert(app);
     kvcontour::AddCheck(app);
 }
@@ -37,7 +39,7 @@ void Setup(CLI::App& app)
 int Run(int argc, char** argv)
 try
 {
-    CLI::App app("Measures, checks and converts contour files.");
+    CLI::App app("Masks, pictures, measures and conversions of contour files.");
     Setup(app);
     try
     {

@@ -2,8 +2,7 @@
 #include "contracts/image/KvImageFile.h"
 
 #include "contracts/basics/KvAtomicFile.h"
-#include "contracts/basics/KvException.h"
-#include "contracts/basics/KvLibrary.h"
+#include "contracts/image/KvImageException.h"
 #include "contracts/image/KvOperators.h"
 #include "contracts/image/imagefile_p.h"
 #include "resources/resource.h"
@@ -25,14 +24,6 @@ namespace
 {
 
 constexpr short largestSide = 32767;
-
-Fault SizeFault(unsigned short id, const Size& size)
-{
-    KvString text;
-    text.SPrintf(KvString(KvResId(id, GetResourceModule())).Text().Wide().c_str(),
-                 static_cast<unsigned long>(size.width), static_cast<unsigned long>(size.height));
-    return {text};
-}
 
 struct Codec
 {
@@ -103,7 +94,8 @@ auto Naming(const KvString& file, Work work) -> decltype(work())
     }
     catch (const Fault& fault)
     {
-        throw new KvException(L"contracts/image/KvImageFile", 101, file + KvString(L": ") + fault.reason);
+        throw new KvImageException(file, fault.reason, KvString(fault.detail.c_str()), fault.size.width,
+                                   fault.size.height);
     }
 }
 
@@ -117,7 +109,7 @@ Pixels Load(const KvString& file)
     }
     catch (const std::bad_alloc&)
     {
-        throw SizeFault(IDS_IMAGE_NO_MEMORY, codec.size(bytes));
+        throw Fault{IDS_IMAGE_NO_MEMORY, {}, codec.size(bytes)};
     }
 }
 
@@ -212,14 +204,6 @@ PixelView ViewOf(const KvAOI& aoi)
 
 } // namespace
 
-Fault Reason(unsigned short id, const std::string& detail)
-{
-    KvString text;
-    text.SPrintf(KvString(KvResId(id, GetResourceModule())).Text().Wide().c_str(),
-                 KvString(detail.c_str()).Text().Wide().c_str());
-    return {text};
-}
-
 Limits Limits::OfMachine()
 {
     const long pages = sysconf(_SC_PHYS_PAGES), page = sysconf(_SC_PAGESIZE);
@@ -229,9 +213,9 @@ Limits Limits::OfMachine()
 void Limits::Check(const Size& size, std::size_t bytesPerPixel) const
 {
     if (size.width < 1 || size.height < 1 || size.width > largestSide || size.height > largestSide)
-        throw SizeFault(IDS_IMAGE_TOO_LARGE, size);
+        throw Fault{IDS_IMAGE_TOO_LARGE, {}, size};
     if (std::uint64_t(size.width) * size.height * bytesPerPixel > bytes)
-        throw SizeFault(IDS_IMAGE_NO_MEMORY, size);
+        throw Fault{IDS_IMAGE_NO_MEMORY, {}, size};
 }
 
 template <class T>

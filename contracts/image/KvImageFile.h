@@ -10,8 +10,8 @@ namespace KvN
 
 // Loads whatever the file holds into the AOI that fits: 8-bit grey values into a KvBufferAOI8, 16-bit and float values
 // into a KvBufferAOI32Float, colours into a KvBufferAOI32Color. The AOI's name is the file's, without its folder.
-// Throws a KvException whose message is "FILE: reason" if the file can't be read, is of no known kind, cut off or
-// damaged, or holds an image beyond 32767 pixels each way or beyond the machine's memory.
+// Throws a KvImageException, whose message is "FILE: reason", if the file can't be read, is of no known kind, cut off
+// or damaged, or holds an image beyond 32767 pixels each way or beyond the machine's memory.
 std::unique_ptr<KvAOI> KvxLoadAOI(const KvString& file);
 
 // Writes an AOI as `KvAOI::Save` does.

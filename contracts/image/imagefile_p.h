@@ -23,20 +23,24 @@ using Bytes = std::span<const unsigned char>;
 // What a file holds, in the form that keeps its values.
 using Pixels = std::variant<KvTBuf2D<unsigned char>, KvTBuf2D<float>, KvTBuf2D<KvColor>>;
 
-// Why a file can't be used, as a text for a person; thrown by value. The file's name is added further up.
-struct Fault
-{
-    KvString reason;
-};
-
-// The reason of that text resource, with a detail put in where the text has a place for it.
-Fault Reason(unsigned short id, const std::string& detail = {});
-
 struct Size
 {
     std::uint32_t width = 0;
     std::uint32_t height = 0;
 };
+
+// Why a file can't be used; thrown by value. See KvImageException, which it becomes further up.
+struct Fault
+{
+    unsigned short reason;
+    std::string detail;
+    Size size;
+};
+
+inline Fault Reason(unsigned short id, const std::string& detail = {})
+{
+    return {id, detail, {}};
+}
 
 // Bounds of what is decoded, so that a small file can't ask for any amount of memory.
 struct Limits
