@@ -87,15 +87,27 @@ private:
     bool former;
 };
 
+// Qt drops a move to where its pointer is, so such a one enters one level lower.
+void SendStillMove(const Spot& spot)
+{
+    QMouseEvent event(QEvent::MouseMove, spot.local, spot.global, Qt::NoButton, Buttons(), Modifiers());
+    QCoreApplication::sendEvent(spot.window, &event);
+}
+
 // Buttons of the table are those after the event.
 void SendMouseEvent(const Spot& spot, Qt::MouseButton button, QEvent::Type type)
 {
+    static QPointF lastGiven(-1, -1);
     if (spot.window)
     {
         const Playing playing;
+        const bool still = std::exchange(lastGiven, spot.global) == spot.global && type == QEvent::MouseMove;
         input.position = {static_cast<LONG>(spot.global.x()), static_cast<LONG>(spot.global.y())};
         input.nowhere = false;
-        qt_handleMouseEvent(spot.window, spot.local, spot.global, Buttons(), button, type, Modifiers(), playedTime);
+        if (still)
+            SendStillMove(spot);
+        else
+            qt_handleMouseEvent(spot.window, spot.local, spot.global, Buttons(), button, type, Modifiers(), playedTime);
     }
     Settle();
 }

@@ -1,0 +1,126 @@
+// Windows in a host's own Qt widgets, and how their pixels reach the screen at its scale.
+#include "tests/win/recording_wnd.h"
+
+#include "platform/win/qt_host.h"
+
+#include <QPixmap>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <QWidget>
+
+#include <memory>
+
+using namespace kv::win;
+
+class QtHosts : public WindowTest
+{
+};
+
+TEST_F(QtHosts, AChildFillsTheHostAndFollowsItsSize)
+{
+    QWidget host;
+    host.resize(120, 80);
+    RecordingWnd child;
+    ASSERT_TRUE(child.Create(AfxRegisterWndClass(CS_DBLCLKS), CString(), WS_CHILD | WS_VISIBLE, CRect(0, 0, 10, 10),
+                             CWnd::FromHandle(HostWindow(&host)), 1));
+    FillHost(&host, child);
+    host.show();
+    Settle();
+    EXPECT_EQ(child.Last(WM_SIZE).lParam, MAKELPARAM(120, 80));
+    host.resize(200, 90);
+    Settle();
+    EXPECT_EQ(child.Last(WM_SIZE).lParam, MAKELPARAM(200, 90));
+    EXPECT_EQ(HostWindow(&host), child.GetParent()->m_hWnd);
+    EXPECT_EQ(WindowOf(WidgetOf(child.m_hWnd)), child.m_hWnd);
+}
+
+TEST_F(QtHosts, ALayoutPlacesTheChild)
+{
+    QWidget host;
+    auto* layout = new QVBoxLayout(&host);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    auto* button = new QPushButton("Knopf");
+    button->setFixedHeight(30);
+    layout->addWidget(button);
+    RecordingWnd child;
+    ASSERT_TRUE(child.Create(AfxRegisterWndClass(CS_DBLCLKS), CString(), WS_CHILD | WS_VISIBLE, CRect(0, 0, 10, 10),
+                             CWnd::FromHandle(HostWindow(&host)), 1));
+    FillHost(&host, child);
+    host.resize(150, 130);
+    host.show();
+    Settle();
+    CRect rect;
+    child.GetClientRect(rect);
+    EXPECT_EQ(rect, CRect(0, 0, 150, 100));
+    MoveMouse(child.m_hWnd, CPoint(3, 4));
+    EXPECT_EQ(child.Last(WM_MOUSEMOVE).lParam, MAKELPARAM(3, 4));
+    PressButton(child.m_hWnd, Button::Left, CPoint(3, 4));
+    ReleaseButton(child.m_hWnd, Button::Left, CPoint(3, 4));
+    EXPECT_EQ(child.Count(WM_LBUTTONDOWN), 1);
+    child.SetFocus();
+    PressKey('X');
+    ReleaseKey('X');
+    EXPECT_EQ(child.Count(WM_KEYDOWN), 1);
+}
+
+TEST_F(QtHosts, AHostThatGoesTakesItsWindowsAlong)
+{
+    RecordingWnd child;
+    HWND handle = nullptr;
+    {
+        QWidget host;
+        ASSERT_TRUE(child.Create(AfxRegisterWndClass(0), CString(), WS_CHILD | WS_VISIBLE, CRect(0, 0, 10, 10),
+                                 CWnd::FromHandle(HostWindow(&host)), 1));
+        handle = HostWindow(&host);
+        host.show();
+        Settle();
+    }
+    EXPECT_FALSE(IsWindow(handle));
+    EXPECT_EQ(child.m_hWnd, nullptr);
+    EXPECT_EQ(child.Count(WM_NCDESTROY), 1);
+}
+
+TEST_F(QtHosts, AHostsOwnWidgetKeepsItsInput)
+{
+    QWidget host;
+    host.resize(100, 100);
+    QPushButton button("x", &host);
+    button.setGeometry(0, 0, 50, 30);
+    int clicks = 0;
+    QObject::connect(&button, &QPushButton::clicked, [&clicks] { ++clicks; });
+    const HWND handle = HostWindow(&host);
+    host.show();
+    Settle();
+    PressButton(handle, Button::Left, CPoint(10, 10));
+    ReleaseButton(handle, Button::Left, CPoint(10, 10));
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(QtHosts, EveryPixelIsASharpSquareAtAnyWholeScale)
+{
+    RecordingWnd top;
+    top.onMessage = [](RecordingWnd& self, UINT message, WPARAM, LPARAM)
+    {
+        if (message != WM_PAINT)
+            return false;
+        CPaintDC dc(&self);
+        for (int y = 0; y < 20; ++y)
+        {
+            for (int x = 0; x < 20; ++x)
+                ::SetPixel(dc.m_hDC, x, y, (x + y) % 2 ? RGB(255, 255, 255) : RGB(0, 0, 0));
+        }
+        return true;
+    };
+    top.CreateTop(20, 20);
+    const QImage shown = WidgetOf(top.m_hWnd)->grab().toImage();
+    const int scale = qRound(shown.devicePixelRatio());
+    ASSERT_EQ(shown.width(), 20 * scale);
+    if (const char* wanted = std::getenv("QT_SCALE_FACTOR"))
+        ASSERT_EQ(scale, std::atoi(wanted));
+    for (int y = 0; y < shown.height(); ++y)
+    {
+        for (int x = 0; x < shown.width(); ++x)
+            ASSERT_EQ(shown.pixel(x, y) & 0xFFFFFF, (x / scale + y / scale) % 2 ? 0xFFFFFFu : 0u) << x << ',' << y;
+    }
+}
