@@ -53,7 +53,7 @@ KvString KvConfig::ReadKey(const KvString& key, const KvString& fallback) const
     const QVariant value = file->settings.value(file->Path(key));
     if (!value.isValid())
         return fallback;
-    return FromQt(value.typeId() == QMetaType::QStringList ? value.toStringList().join(", ") : value.toString());
+    return FromQt(value.typeId() == QMetaType::QStringList ? value.toStringList().join(",") : value.toString());
 }
 
 void KvConfig::WriteKey(const KvString& key, const KvString& value)

@@ -69,6 +69,35 @@ QImage StripOf(ResourceImage::Bytes data)
     return strip;
 }
 
+struct Contents
+{
+    CSize cell;
+    std::vector<UINT> ids; // 0 for a separator
+};
+
+// The platform's form has words behind a version; our resource compiler writes double words and no version.
+Contents ReadToolBar(ResourceImage::Bytes data)
+{
+    Reader wide(data);
+    Contents contents;
+    contents.cell.cx = static_cast<LONG>(wide.Next<DWORD>());
+    contents.cell.cy = static_cast<LONG>(wide.Next<DWORD>());
+    const size_t count = wide.Next<DWORD>();
+    if (data.size() == 12 + 4 * count)
+    {
+        for (size_t i = 0; i < count; ++i)
+            contents.ids.push_back(wide.Next<DWORD>());
+        return contents;
+    }
+    Reader reader(data);
+    reader.Next<WORD>(); // version
+    contents.cell.cx = reader.Next<WORD>();
+    contents.cell.cy = reader.Next<WORD>();
+    for (int left = reader.Next<WORD>(); left > 0 && !reader.AtEnd(); --left)
+        contents.ids.push_back(reader.Next<WORD>());
+    return contents;
+}
+
 QToolButton* WidgetOfButton(HWND bar, UINT id)
 {
     const Window* window = Find(bar);
@@ -109,19 +138,12 @@ BOOL CToolBar::LoadToolBarFrom(const CDynLinkLibrary* module, UINT id)
         module ? module->Resources().Find(ResourceKind::ToolBar, id) : ResourceImage::Bytes();
     if (data.size() < 8)
         return FALSE;
-    Reader reader(data);
-    reader.Next<WORD>(); // version
-    const int width = reader.Next<WORD>();
-    const int height = reader.Next<WORD>();
-    const int count = reader.Next<WORD>();
-    cell = CSize(width, height);
+    const Contents contents = ReadToolBar(data);
+    cell = contents.cell;
     buttons.clear();
     int image = 0;
-    for (int i = 0; i < count && !reader.AtEnd(); ++i)
-    {
-        const UINT command = reader.Next<WORD>();
+    for (const UINT command : contents.ids)
         buttons.push_back({command, command ? TBBS_BUTTON : TBBS_SEPARATOR, command ? image++ : separatorWidth});
-    }
     const QImage strip = StripOf(module->Resources().Find(ResourceKind::Bitmap, id));
     Rebuild(strip.isNull() ? nullptr : &strip);
     return !strip.isNull();

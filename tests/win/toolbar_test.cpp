@@ -139,6 +139,21 @@ TEST_F(ToolBars, ACheckButtonTurnsWithEachPressAndByProgram)
     EXPECT_FALSE(bar.CheckButton(99, TRUE));
 }
 
+TEST_F(ToolBars, TheResourceCompilersFormIsReadAsWell)
+{
+    TestModule other;
+    other.Add(ResourceKind::ToolBar, 652, Bytes().Dword(8).Dword(8).Dword(3).Dword(41).Dword(0).Dword(43));
+    other.Add(ResourceKind::Bitmap, 652, Strip(2));
+    other.Load();
+    CToolBar wide;
+    wide.Create(&top, WS_CHILD | WS_VISIBLE, 7);
+    EXPECT_TRUE(wide.LoadToolBar(652));
+    EXPECT_EQ(wide.GetCount(), 3);
+    EXPECT_EQ(wide.GetItemID(0), 41u);
+    EXPECT_EQ(wide.GetItemID(1), 0u);
+    EXPECT_EQ(wide.GetItemID(2), 43u);
+}
+
 TEST_F(ToolBars, WithoutPicturesOrResourceLoadingFails)
 {
     CToolBar other;
