@@ -18,7 +18,8 @@ namespace
 {
 constexpr COLORREF includedColor = RGB(0, 230, 0);
 constexpr COLORREF excludedColor = RGB(255, 60, 60);
-constexpr COLORREF shadowColor = RGB(0, 0, 0);
+constexpr COLORREF textColor = RGB(255, 255, 255);
+constexpr COLORREF shadowColor = RGB(0, 0, 0); // makes the text stand out on any image
 
 struct Options
 {
@@ -127,11 +128,10 @@ public:
 
     void Add(const KvContour& contour)
     {
-        const COLORREF color = ColorOf(contour);
-        const CPen pen(PS_SOLID, WidthOf(contour), color);
+        const CPen pen(PS_SOLID, WidthOf(contour), ColorOf(contour));
         const SelectedObject selectedPen(dc, pen), selectedBrush(dc, noBrush);
         DrawOutline(dc, contour);
-        Describe(contour, color);
+        Describe(contour);
     }
 
 private:
@@ -151,7 +151,7 @@ private:
     }
 
     // To the right of the figure's box, or where that leaves the picture, as far left as it takes.
-    void Describe(const KvContour& contour, COLORREF color)
+    void Describe(const KvContour& contour)
     {
         const CString text = contour.Description().Text();
         if (text.IsEmpty() || contour.CurvePositions().count == 0)
@@ -163,9 +163,8 @@ private:
         const CSize extent = dc.GetTextExtent(text);
         const int x = std::clamp(Whole(box.right) + 4, 0, std::max(0, canvas.Size().width - int(extent.cx)));
         const int y = std::clamp(Whole(box.top), 0, std::max(0, canvas.Size().height - int(extent.cy)));
-        for (const auto& [dx, dy] : {std::pair(-1, 0), std::pair(1, 0), std::pair(0, -1), std::pair(0, 1)})
-            Write(text, x + dx, y + dy, shadowColor);
-        Write(text, x, y, color);
+        Write(text, x + 1, y + 1, shadowColor);
+        Write(text, x, y, textColor);
     }
 
     void Write(const CString& text, int x, int y, COLORREF color)

@@ -80,7 +80,6 @@ public:
                           jpeg_create_decompress(&codec);
                           progress.progress_monitor = OnProgress;
                           codec.progress = &progress;
-                          jpeg_mem_src(&codec, file.data(), static_cast<unsigned long>(file.size()));
                       }));
     }
     Reader(const Reader&) = delete;
@@ -89,7 +88,12 @@ public:
 
     Size ReadHeader()
     {
-        Check(Guarded(trouble, [this] { jpeg_read_header(&codec, TRUE); }));
+        Check(Guarded(trouble,
+                      [this]
+                      {
+                          jpeg_mem_src(&codec, file.data(), static_cast<unsigned long>(file.size()));
+                          jpeg_read_header(&codec, TRUE);
+                      }));
         return {codec.image_width, codec.image_height};
     }
 
@@ -160,12 +164,7 @@ public:
     {
         PrepareErrors(trouble);
         codec.err = &trouble;
-        Check(Guarded(trouble,
-                      [this]
-                      {
-                          jpeg_create_compress(&codec);
-                          jpeg_mem_dest(&codec, &bytes, &size);
-                      }));
+        Check(Guarded(trouble, [this] { jpeg_create_compress(&codec); }));
     }
     Writer(const Writer&) = delete;
     Writer& operator=(const Writer&) = delete;
@@ -181,6 +180,7 @@ public:
         Check(Guarded(trouble,
                       [this, &pixels]
                       {
+                          jpeg_mem_dest(&codec, &bytes, &size);
                           codec.image_width = static_cast<JDIMENSION>(pixels.width);
                           codec.image_height = static_cast<JDIMENSION>(pixels.height);
                           codec.input_components = sizeof(T);

@@ -1,0 +1,8 @@
+// Any bytes as a TIFF file: decoded or refused, within bounds of memory.
+#include "fuzz/image_file.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size)
+{
+    kv::fuzz::Decode({data, size}, KvN::imagefile::SizeOfTiff, KvN::imagefile::DecodeTiff);
+    return 0;
+}
