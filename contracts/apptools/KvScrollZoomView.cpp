@@ -129,7 +129,7 @@ void KvScrollZoomView::MaintainPixelAspectRatioOff()
 
 void KvScrollZoomView::SetZoomSizes(SIZE total, const SIZE& page, const SIZE& line)
 {
-    m_nMapMode = MM_ANISOTROPIC;
+    m_nMapMode = MM_TEXT; // scroll positions are device pixels; the zoom is OnPrepareDC's
     m_totalLog = total;
     m_totalDev = GetTotalDevSize();
     double x, y;

@@ -32,7 +32,8 @@ public:
     virtual void NotifyZoom() {}
     // The content's size and the steps of the scroll bars, in logical units.
     void SetZoomSizes(SIZE total, const SIZE& page = sizeDefault, const SIZE& line = sizeDefault);
-    // A device point goes to the unit that it lies in, a unit to its first device pixel; the scroll position counts.
+    // Scroll positions are device pixels. A device point goes to the unit that it lies in, a unit to its first device
+    // pixel; the scroll position counts.
     void ViewDPtoLP(POINT* points, int count = 1) const;
     void ViewLPtoDP(POINT* points, int count = 1) const;
 

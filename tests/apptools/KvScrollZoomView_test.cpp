@@ -131,8 +131,8 @@ TEST_F(ZoomViews, ADevicePointGoesToTheUnitThatItLiesIn)
 {
     view.SetZoomSizes(CSize(1000, 1000));
     view.SetZoomFactor(4.0, 4.0);
-    view.ScrollToPosition(CPoint(10, 20));
-    EXPECT_EQ(view.GetDeviceScrollPosition(), CPoint(40, 80));
+    view.ScrollToPosition(CPoint(40, 80));
+    EXPECT_EQ(view.GetScrollPosition(), CPoint(40, 80)) << "device pixels";
     EXPECT_EQ(ToLogical(0, 0), CPoint(10, 20));
     EXPECT_EQ(ToLogical(3, 4), CPoint(10, 21));
     EXPECT_EQ(ToDevice(11, 21), CPoint(4, 4));
@@ -158,7 +158,7 @@ TEST_F(ZoomViews, TheVisibleRectangleEndsWithTheContent)
     view.SetZoomSizes(CSize(30, 1000));
     view.SetZoomFactor(2.0, 2.0);
     EXPECT_EQ(view.GetVisibleLogicalRect(), CRect(0, 0, 30, 50));
-    view.ScrollToPosition(CPoint(0, 100));
+    view.ScrollToPosition(CPoint(0, 200));
     EXPECT_EQ(view.GetVisibleLogicalRect(), CRect(0, 100, 30, 150));
     view.SetZoomSizes(CSize(0, 0));
     EXPECT_TRUE(view.GetVisibleLogicalRect().IsRectEmpty());
@@ -168,7 +168,7 @@ TEST_F(ZoomViews, APreparedContextMapsUnitsAsTheViewDoes)
 {
     view.SetZoomSizes(CSize(1000, 1000));
     view.SetZoomFactor(3.0, 0.1);
-    view.ScrollToPosition(CPoint(7, 0));
+    view.ScrollToPosition(CPoint(21, 0));
     CClientDC dc(&view);
     view.OnPrepareDC(&dc);
     POINT points[] = {{8, 10}, {100, 500}};

@@ -286,3 +286,43 @@ TEST_F(Painting, APictureIsSavedAsPng)
     EXPECT_FALSE(SavePicture(PictureOf(top.m_hWnd), "/no such folder/x.png"));
     std::remove(path.c_str());
 }
+
+TEST_F(Painting, InvalidatingDuringAPaintPaintsAgainLater)
+{
+    RecordingWnd top;
+    int paints = 0;
+    top.onMessage = [&paints](RecordingWnd& self, UINT message, WPARAM, LPARAM)
+    {
+        if (message != WM_PAINT)
+            return false;
+        CPaintDC dc(&self);
+        if (++paints == 1)
+            self.Invalidate();
+        return true;
+    };
+    top.CreateTop();
+    Settle();
+    EXPECT_EQ(paints, 2);
+}
+
+TEST_F(Painting, ATakenControlIsNotPaintedWithoutEnd)
+{
+    RecordingWnd top, taken;
+    top.CreateTop();
+    CStatic made;
+    made.Create("x", WS_CHILD | WS_VISIBLE, CRect(0, 0, 30, 30), &top, 9);
+    made.Detach();
+    taken.SubclassDlgItem(9, &top);
+    taken.onMessage = [](RecordingWnd& self, UINT message, WPARAM, LPARAM)
+    {
+        if (message != WM_PAINT)
+            return false;
+        CPaintDC dc(&self);
+        return true;
+    };
+    Settle();
+    taken.noted.clear();
+    for (int i = 0; i < 10; ++i)
+        Settle();
+    EXPECT_EQ(taken.Count(WM_PAINT), 0);
+}

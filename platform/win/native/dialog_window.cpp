@@ -6,6 +6,7 @@
 
 #include <QDialog>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
 
 #include <algorithm>
@@ -72,6 +73,19 @@ QFont DialogFont(const DialogTemplate& from)
     return font;
 }
 
+// The letter that a text marks leads to the control behind it.
+void BindMnemonics(const Window& dialog)
+{
+    QLabel* marked = nullptr;
+    for (const Window* control : dialog.children)
+    {
+        if (auto* label = qobject_cast<QLabel*>(control->widget.data()))
+            marked = label->text().contains('&') ? label : nullptr;
+        else if (marked && (control->style & WS_TABSTOP))
+            std::exchange(marked, nullptr)->setBuddy(control->widget);
+    }
+}
+
 bool IsTabStop(const Window& control)
 {
     return (control.style & WS_TABSTOP) && (control.style & WS_VISIBLE) && !(control.style & WS_DISABLED);
@@ -113,6 +127,7 @@ void CreateControls(Window& dialog, const DialogTemplate& from, ResourceImage::B
         if (!CreateNative(create, nullptr))
             AfxThrowResourceException(CString("Unknown class of control: ") + item.className);
     }
+    BindMnemonics(dialog);
     for (const InitialData& initial : ReadDialogInit(initialData))
     {
         SendMessageW(GetDlgItem(handle, initial.id), initControlMessage, initial.data.size(),

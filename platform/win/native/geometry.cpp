@@ -62,8 +62,7 @@ void ApplyGeometry(Window& window, const CRect& rect, bool repaint)
         return;
     const CSize clientBefore = window.ClientSize();
     window.rect = wanted;
-    const int border = window.parent ? window.parent->BorderWidth() : 0;
-    window.widget->setGeometry(wanted.left + border, wanted.top + border, wanted.Width(), wanted.Height());
+    window.PlaceWidget();
     TellGeometry(window, before, clientBefore, repaint);
 }
 
@@ -82,6 +81,15 @@ void GeometryFromQt(Window& window)
     const CSize clientBefore = window.ClientSize();
     window.rect = now;
     TellGeometry(window, before, clientBefore, true);
+}
+
+// A top-level window without a sizing frame keeps the size that it is given.
+void Window::PlaceWidget()
+{
+    const int origin = parent ? parent->BorderWidth() : 0;
+    if (!parent && !(style & WS_THICKFRAME))
+        widget->setFixedSize(rect.Width(), rect.Height());
+    widget->setGeometry(rect.left + origin, rect.top + origin, rect.Width(), rect.Height());
 }
 
 void ClientSizeChanged(Window& window)

@@ -91,7 +91,9 @@ void SyncButtons(Qt::MouseButtons buttons)
 // A captured pointer has not left its window.
 void HoverOver(Window* window)
 {
-    input.hover = window ? window->handle : nullptr;
+    const HWND former = std::exchange(input.hover, window ? window->handle : nullptr);
+    if (window && input.hover != former)
+        ShowCursorOn(*window);
     if (!input.leaveWanted || input.leaveWanted == input.hover || input.leaveWanted == input.capture)
         return;
     const HWND left = std::exchange(input.leaveWanted, nullptr);
@@ -121,7 +123,7 @@ void DropCapture(HWND to)
 
 void WindowGone(HWND window)
 {
-    for (HWND* holder : {&input.hover, &input.capture, &input.focus, &input.leaveWanted, &input.cursorWindow})
+    for (HWND* holder : {&input.hover, &input.capture, &input.focus, &input.leaveWanted})
     {
         if (*holder == window)
             *holder = nullptr;
@@ -130,11 +132,8 @@ void WindowGone(HWND window)
 
 void ShowCursorOn(Window& window)
 {
-    input.cursorWindow = window.handle;
-    if (!window.widget)
-        return;
-    const QCursor cursor = ToQt(input.cursor);
-    window.widget->setCursor(cursor);
+    if (window.widget && !window.IsControl())
+        window.widget->setCursor(ToQt(input.cursor));
 }
 } // namespace kv::win
 

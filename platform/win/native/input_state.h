@@ -26,7 +26,6 @@ struct InputState
     HWND focus = nullptr;
     HWND leaveWanted = nullptr;
     HCURSOR cursor = nullptr;
-    HWND cursorWindow = nullptr; // whose widget shows it
 };
 extern InputState input;
 
@@ -39,6 +38,6 @@ int QtKey(UINT virtualKey);              // 0 if there is none
 void HoverOver(Window* window); // null: nowhere. Sends WM_MOUSELEAVE where it is wanted
 void FocusMoved(HWND window);   // the messages, and the state; Qt is not touched
 void DropCapture(HWND to = nullptr);
-void WindowGone(HWND window); // nothing refers to it any more
-void ShowCursorOn(Window& window);
+void WindowGone(HWND window);      // nothing refers to it any more
+void ShowCursorOn(Window& window); // Qt's own controls keep their own cursors
 } // namespace kv::win

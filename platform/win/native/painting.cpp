@@ -50,7 +50,7 @@ QRect ClientRect(const Window& window)
 // What the backing holds goes to the screen when Qt next paints.
 void Show(Window& window, const QRegion& region)
 {
-    if (window.widget && window.redraw)
+    if (window.widget && window.redraw && !window.copying)
         window.widget->update(region.translated(window.BorderWidth(), window.BorderWidth()));
 }
 } // namespace
@@ -81,6 +81,7 @@ void PaintNow(Window& window)
         return;
     const HWND handle = window.handle;
     window.painting = true;
+    window.paintOpened = false;
     struct Scope
     {
         HWND handle;
@@ -90,7 +91,8 @@ void PaintNow(Window& window)
             if (!window)
                 return;
             window->painting = false;
-            window->update = QRegion(); // a handler that opens no paint must not be called again and again
+            if (!window->paintOpened)
+                window->update = QRegion(); // a handler that opens no paint must not be called again and again
         }
     } scope{handle};
     Send(window, WM_PAINT);
@@ -169,6 +171,7 @@ HDC BeginPaint(HWND handle, PAINTSTRUCT* paint)
     if (!window || !paint)
         return nullptr;
     *paint = PAINTSTRUCT{};
+    window->paintOpened = true;
     const QRegion region = std::exchange(window->update, QRegion());
     const bool erase = std::exchange(window->eraseUpdate, false);
     const HDC dc = window->backing.Acquire(window->IsOwnDc());

@@ -41,6 +41,15 @@ void LeaveWindow(Window& window)
     if (input.focus && (input.focus == window.handle || IsChild(window.handle, input.focus)))
         FocusMoved(nullptr);
 }
+
+// Children that were shown before their parent have never been painted.
+void InvalidateTree(Window& window)
+{
+    const CSize size = window.ClientSize();
+    AddUpdate(window, QRegion(0, 0, size.cx, size.cy), true);
+    for (Window* child : window.children)
+        InvalidateTree(*child);
+}
 } // namespace
 
 BOOL EnableWindow(HWND handle, BOOL enable)
@@ -86,26 +95,9 @@ BOOL ShowWindow(HWND handle, int command)
     }
     if (!window->widget || !window->ownsWidget)
         return wasVisible;
-    if (changes && window->parent)
-        AddUpdate(*window->parent, {}, false);
     if (changes)
     {
-        const CSize size = window->ClientSize();
-        AddUpdate(*window, QRegion(0, 0, size.cx, size.cy), true);
-        // Children shown before their parent was have been painted never.
-        struct All
-        {
-            static void Add(Window& parent)
-            {
-                for (Window* child : parent.children)
-                {
-                    const CSize size = child->ClientSize();
-                    AddUpdate(*child, QRegion(0, 0, size.cx, size.cy), true);
-                    Add(*child);
-                }
-            }
-        };
-        All::Add(*window);
+        InvalidateTree(*window);
     }
     window->widget->setAttribute(Qt::WA_ShowWithoutActivating, command == SW_SHOWNA || command == SW_SHOWNOACTIVATE);
     if (command == SW_SHOWMAXIMIZED)

@@ -309,10 +309,25 @@ private:
         if (window->IsControl())
             return PaintControl(*window);
         const HWND handle = window->handle;
-        PaintNow(*window);
+        PaintToCopy(*window);
         if (Find(handle))
             CopyToScreen(*window);
         return true;
+    }
+
+    static void PaintToCopy(Window& window)
+    {
+        struct Scope
+        {
+            HWND handle;
+            ~Scope()
+            {
+                if (Window* window = Find(handle))
+                    window->copying = false;
+            }
+        } scope{window.handle};
+        window.copying = true;
+        PaintNow(window);
     }
 
     // Only a control that somebody has taken over may paint itself.
@@ -325,7 +340,7 @@ private:
         window.update = QRegion(0, 0, size.cx, size.cy);
         QEvent marker(QEvent::Paint);
         const QtEvent current(window, &marker);
-        PaintNow(window);
+        PaintToCopy(window);
         if (!Find(handle) || current.finished)
             return false;
         CopyToScreen(window);

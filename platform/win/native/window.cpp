@@ -132,9 +132,7 @@ HWND CreateNative(const CREATESTRUCT& create, CWnd* object, void (*beforeCreate)
     window.TextChanged();
     if (create.style & WS_DISABLED)
         widget->setEnabled(false);
-    const CPoint origin = child ? CPoint(parent->BorderWidth(), parent->BorderWidth()) : CPoint();
-    const CRect& rect = window.rect;
-    widget->setGeometry(rect.left + origin.x, rect.top + origin.y, rect.Width(), rect.Height());
+    window.PlaceWidget();
     window.PlaceBars();
     const CSize client = window.ClientSize();
     window.backing.Resize(client.cx, client.cy);

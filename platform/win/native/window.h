@@ -62,7 +62,9 @@ public:
     QRegion update; // client pixels
     bool eraseUpdate = false;
     bool painting = false;
-    bool redraw = true; // off: paints reach the backing, but not the screen
+    bool paintOpened = false; // BeginPaint was called for the WM_PAINT under way
+    bool copying = false;     // Qt's paint event is under way: what is painted now is copied at its end
+    bool redraw = true;       // off: paints reach the backing, but not the screen
     bool destroying = false;
     int modalBlocks = 0;
 
@@ -85,6 +87,7 @@ public:
     CSize ClientSize() const;
     CPoint ClientOnScreen() const;
     void PlaceBars();
+    void PlaceWidget();
 };
 
 // The place of control classes with a widget of Qt's. Messages that reach the default processing while their Qt event
