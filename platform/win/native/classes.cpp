@@ -3,6 +3,7 @@
 
 #include "platform/win/user.h"
 
+#include <algorithm>
 #include <map>
 
 namespace kv::win
@@ -15,9 +16,22 @@ struct Entry
     Factory factory = nullptr; // null: a plain window
 };
 
-std::map<CString, Entry>& Classes()
+// Upper and lower case are the same in the name of a class; the resource compiler writes STATIC.
+struct NameOrder
 {
-    static auto& classes = *new std::map<CString, Entry>;
+    bool operator()(const CString& a, const CString& b) const
+    {
+        const auto small = [](char16_t c) { return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c + 32) : c; };
+        return std::lexicographical_compare(a.Units().begin(), a.Units().end(), b.Units().begin(), b.Units().end(),
+                                            [&](char16_t x, char16_t y) { return small(x) < small(y); });
+    }
+};
+
+using ClassMap = std::map<CString, Entry, NameOrder>;
+
+ClassMap& Classes()
+{
+    static auto& classes = *new ClassMap;
     return classes;
 }
 
