@@ -4,6 +4,8 @@
 #include "platform/gdi/paint.h"
 #include "platform/gdi/stretch.h"
 
+#include "platform/gdi/raster/rect.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -74,16 +76,6 @@ struct Snapshot
     }
 };
 
-RECT common(const RECT& a, const RECT& b)
-{
-    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right), std::min(a.bottom, b.bottom)};
-}
-
-LONG limited(std::int64_t v)
-{
-    return LONG(std::clamp<std::int64_t>(v, INT32_MIN, INT32_MAX));
-}
-
 // Without stretching or mirroring.
 void copy(const Dc& target, const BlitBox& to, const BlitSource& source, const BlitBox& from, DWORD rop)
 {
@@ -91,16 +83,16 @@ void copy(const Dc& target, const BlitBox& to, const BlitSource& source, const B
     const std::int64_t dx = from.left() - to.left(), dy = from.top() - to.top();
     const std::int64_t width = std::abs(to.width), height = std::abs(to.height);
     // Where both the target box and the source lie.
-    const RECT box{limited(std::max(to.left(), -dx)), limited(std::max(to.top(), -dy)),
-                   limited(std::min(to.left() + width, source.view.width - dx)),
-                   limited(std::min(to.top() + height, source.view.height - dy))};
+    const RECT box{raster::saturated(std::max(to.left(), -dx)), raster::saturated(std::max(to.top(), -dy)),
+                   raster::saturated(std::min(to.left() + width, source.view.width - dx)),
+                   raster::saturated(std::min(to.top() + height, source.view.height - dy))};
     RowConverter converter(target, source);
     const RowWriter writer(target, rop);
     const bool bytes = converter.copies() && rop == SRCCOPY && view.depth != 1;
     std::vector<std::uint32_t> values;
     for (const RECT& visible : target.visible())
     {
-        const RECT r = common(visible, box);
+        const RECT r = raster::common(visible, box);
         if (r.left >= r.right)
             continue;
         values.resize(std::size_t(r.right - r.left));
@@ -137,8 +129,9 @@ void forEachRun(const std::vector<AxisRange>& columns, Visit visit)
 
 void stretch(const Dc& target, const BlitBox& to, const BlitSource& source, const BlitBox& from, DWORD rop)
 {
-    const RECT box{limited(to.left()), limited(to.top()), limited(to.left() + std::abs(to.width)),
-                   limited(to.top() + std::abs(to.height))};
+    const RECT box{raster::saturated(to.left()), raster::saturated(to.top()),
+                   raster::saturated(to.left() + std::abs(to.width)),
+                   raster::saturated(to.top() + std::abs(to.height))};
     const StretchAxis across(to.x, to.width, from.x, from.width, source.view.width);
     const StretchAxis down(to.y, to.height, from.y, from.height, source.view.height);
     const bool picks = target.state.stretchMode != BLACKONWHITE && target.state.stretchMode != WHITEONBLACK;
@@ -149,7 +142,7 @@ void stretch(const Dc& target, const BlitBox& to, const BlitSource& source, cons
     std::vector<std::uint32_t> sources, merged, values;
     for (const RECT& visible : target.visible())
     {
-        const RECT r = common(visible, box);
+        const RECT r = raster::common(visible, box);
         if (r.left >= r.right)
             continue;
         columns.clear();

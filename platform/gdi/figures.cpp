@@ -5,6 +5,7 @@
 #include "platform/gdi/raster/coverage.h"
 #include "platform/gdi/raster/ellipse.h"
 #include "platform/gdi/raster/polygon.h"
+#include "platform/gdi/raster/rect.h"
 
 #include <algorithm>
 #include <cmath>
@@ -26,23 +27,6 @@ raster::PolygonFiller& sharedFiller()
     return filler;
 }
 
-RECT common(const RECT& a, const RECT& b)
-{
-    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right), std::min(a.bottom, b.bottom)};
-}
-
-bool isEmpty(const RECT& r)
-{
-    return r.left >= r.right || r.top >= r.bottom;
-}
-
-RECT grown(const RECT& r, int margin)
-{
-    const auto saturated = [](std::int64_t v) { return LONG(std::clamp<std::int64_t>(v, INT32_MIN, INT32_MAX)); };
-    return {saturated(std::int64_t(r.left) - margin), saturated(std::int64_t(r.top) - margin),
-            saturated(std::int64_t(r.right) + margin), saturated(std::int64_t(r.bottom) + margin)};
-}
-
 // Draws a figure inside each visible rectangle: its inside with the brush, then its line with the pen. `fill` and
 // `line` are called with a sink and a clip. `bounds` holds all that they touch.
 template <class Fill, class Line>
@@ -55,8 +39,8 @@ void drawFigure(const Dc& dc, const Stroke& stroke, const Ink& brush, const RECT
     thread_local raster::Coverage coverage;
     for (const RECT& visible : dc.visible())
     {
-        const RECT clip = common(visible, bounds);
-        if (isEmpty(clip))
+        const RECT clip = raster::common(visible, bounds);
+        if (raster::isEmpty(clip))
             continue;
         if (brush && apart)
         {
@@ -149,6 +133,21 @@ Insets insideFrame(const Dc& dc, const Stroke& stroke)
     return {stroke.width() / 2, (stroke.width() - 1) / 2};
 }
 
+// With its right and bottom edges, which are outside otherwise.
+RECT withEdges(const RECT& box)
+{
+    return {box.left, box.top, raster::saturated(std::int64_t(box.right) + 1),
+            raster::saturated(std::int64_t(box.bottom) + 1)};
+}
+
+RECT movedIn(const RECT& box, const Insets& inset)
+{
+    return {raster::saturated(std::int64_t(box.left) + inset.before),
+            raster::saturated(std::int64_t(box.top) + inset.before),
+            raster::saturated(std::int64_t(box.right) - inset.after),
+            raster::saturated(std::int64_t(box.bottom) - inset.after)};
+}
+
 // The corners of a logical box in a turned world.
 Outline turnedBox(const Dc& dc, int left, int top, int right, int bottom)
 {
@@ -161,14 +160,11 @@ void drawRectangle(const Dc& dc, RECT box)
     const Stroke stroke(dc);
     const Ink brush = brushInk(dc);
     if (dc.state.mapping.graphicsMode == GM_ADVANCED)
-        box = {box.left, box.top, box.right < INT32_MAX ? box.right + 1 : box.right,
-               box.bottom < INT32_MAX ? box.bottom + 1 : box.bottom};
-    if (isEmpty(box))
+        box = withEdges(box);
+    if (raster::isEmpty(box))
         return;
-    const Insets inset = insideFrame(dc, stroke);
-    const RECT frame{box.left + inset.before, box.top + inset.before, box.right - inset.after,
-                     box.bottom - inset.after};
-    if (isEmpty(frame))
+    const RECT frame = movedIn(box, insideFrame(dc, stroke));
+    if (raster::isEmpty(frame))
         return;
     // From the top right over the top left and round.
     const POINT corners[] = {{frame.right - 1, frame.top},
@@ -181,7 +177,7 @@ void drawRectangle(const Dc& dc, RECT box)
     else if (!stroke.isWide() && !stroke.isDashed())
         inside = {inside.left + 1, inside.top + 1, inside.right - 1, inside.bottom - 1};
     drawFigure(
-        dc, stroke, brush, grown(box, stroke.width() + 2),
+        dc, stroke, brush, raster::grown(box, stroke.width() + 2),
         [&](const auto& sink, const RECT& clip)
         { raster::box(sink, clip, inside.left, inside.top, inside.right, inside.bottom); },
         [&](const auto& sink, const RECT& clip, bool gaps)
@@ -212,18 +208,17 @@ void drawUprightEllipse(const Dc& dc, RECT box)
 {
     const Stroke stroke(dc);
     const Ink brush = brushInk(dc);
-    const Insets inset = insideFrame(dc, stroke);
-    box = {box.left + inset.before, box.top + inset.before, box.right - inset.after, box.bottom - inset.after};
-    if (isEmpty(box))
+    box = movedIn(box, insideFrame(dc, stroke));
+    if (raster::isEmpty(box))
         return;
-    const RECT visible = grown(dc.bitmap->pixels().box(), stroke.width() + 2);
+    const RECT visible = raster::grown(dc.bitmap->pixels().box(), stroke.width() + 2);
     const std::int64_t width = std::int64_t(box.right) - box.left, height = std::int64_t(box.bottom) - box.top;
     if (width == 1 && height == 1 && !stroke.isWide())
         return; // required: a single pixel shows nothing, unless a wide pen makes it a dot
     const raster::Ellipse ellipse(box, visible);
     const Outline ring = stroke.isWide() || stroke.isDashed() ? ringOf(ellipse) : Outline();
     drawFigure(
-        dc, stroke, brush, grown(box, stroke.width() + 2),
+        dc, stroke, brush, raster::grown(box, stroke.width() + 2),
         [&](const auto& sink, const RECT& clip)
         {
             if (stroke.none() && (width <= 2 || height <= 2))
@@ -275,7 +270,7 @@ double turn(Vector from, Vector to)
 // The pixels of an arc in order, the one that a stroke leaves out last.
 Outline arcPixels(const Dc& dc, const RECT& box, POINT start, POINT end)
 {
-    const raster::Ellipse ellipse(box, grown(dc.bitmap->pixels().box(), 1));
+    const raster::Ellipse ellipse(box, raster::grown(dc.bitmap->pixels().box(), 1));
     const Outline ring = ringOf(ellipse);
     if (ring.empty())
         return {};
@@ -428,9 +423,8 @@ BOOL Ellipse(HDC handle, int left, int top, int right, int bottom)
         const Mapping& mapping = dc->state.mapping;
         // Through a world transform the curve runs from corner to corner: the right and bottom edges are inside.
         RECT box = mapping.deviceRect({left, top, right, bottom});
-        if (!isIdentity(mapping.world) && !isEmpty(box))
-            box = {box.left, box.top, box.right < INT32_MAX ? box.right + 1 : box.right,
-                   box.bottom < INT32_MAX ? box.bottom + 1 : box.bottom};
+        if (!isIdentity(mapping.world) && !raster::isEmpty(box))
+            box = withEdges(box);
         drawUprightEllipse(*dc, box);
     }
     else if (left != right && top != bottom)

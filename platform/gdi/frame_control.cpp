@@ -1,5 +1,6 @@
 // Edges and frame controls in the classic look.
 #include "platform/gdi/gdi.h"
+#include "platform/gdi/raster/rect.h"
 
 #include <algorithm>
 #include <iterator>
@@ -98,10 +99,9 @@ RECT squareOf(const RECT& r)
 
 void drawPush(HDC dc, RECT& r, UINT state)
 {
-    const UINT shape =
-        BF_RECT | BF_MIDDLE | BF_SOFT | (state & DFCS_FLAT ? BF_FLAT : 0) | (state & DFCS_MONO ? BF_MONO : 0);
-    DrawEdge(dc, &r, state & (DFCS_PUSHED | DFCS_CHECKED) ? EDGE_SUNKEN : EDGE_RAISED,
-             shape | (state & DFCS_ADJUSTRECT));
+    const UINT shape = BF_RECT | BF_MIDDLE | BF_SOFT | BF_ADJUST | (state & DFCS_FLAT ? BF_FLAT : 0) |
+                       (state & DFCS_MONO ? BF_MONO : 0);
+    DrawEdge(dc, &r, state & (DFCS_PUSHED | DFCS_CHECKED) ? EDGE_SUNKEN : EDGE_RAISED, shape);
 }
 
 void drawCheck(HDC dc, const RECT& rect, UINT state)
@@ -225,7 +225,7 @@ BOOL DrawEdge(HDC dc, RECT* rect, UINT edge, UINT flags)
 {
     if (GetObjectType(dc) != OBJ_MEMDC || !rect)
         return FALSE;
-    RECT r = *rect;
+    RECT r = kv::raster::limited(*rect);
     Ring ring;
     if (ringOf(edge & (BDR_RAISEDOUTER | BDR_SUNKENOUTER), flags, true, ring))
         drawRing(dc, r, ring, flags);
@@ -242,12 +242,17 @@ BOOL DrawFrameControl(HDC dc, RECT* rect, UINT kind, UINT state)
 {
     if (GetObjectType(dc) != OBJ_MEMDC || !rect || rect->left > rect->right || rect->top > rect->bottom)
         return FALSE;
+    RECT r = kv::raster::limited(*rect);
     switch (kind)
     {
     case DFC_BUTTON:
-        return drawButton(dc, *rect, state);
+        if (!drawButton(dc, r, state))
+            return FALSE;
+        if (state & DFCS_ADJUSTRECT)
+            *rect = r; // what a push button's edge leaves
+        return TRUE;
     case DFC_SCROLL:
-        return drawScroll(dc, *rect, state);
+        return drawScroll(dc, r, state);
     default:
         SetLastError(ERROR_NOT_SUPPORTED); // captions and menus belong to the window system
         return FALSE;

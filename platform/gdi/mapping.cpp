@@ -124,7 +124,7 @@ int Mapping::penWidth(int logical) const
 {
     const double scale = std::sqrt(forward.m11 * forward.m11 + forward.m12 * forward.m12);
     const double width = std::floor(std::fabs(double(logical)) * scale + 0.5);
-    return width < INT32_MAX ? std::max(1, int(width)) : INT32_MAX;
+    return std::max(1, int(std::min(width, double(widestPen))));
 }
 
 bool isIdentity(const XFORM& t)

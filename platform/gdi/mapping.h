@@ -28,7 +28,8 @@ struct Mapping
     POINT device(POINT p) const { return forward.toDevice(p.x, p.y); }
     // The corners of a rectangle, in device coordinates and in order. For upright mappings.
     RECT deviceRect(RECT logical) const;
-    // A length along the logical x axis, in device pixels: rounded, at least 1.
+    // A length along the logical x axis, in device pixels: rounded, at least 1 and at most what can be added to.
+    static constexpr int widestPen = 1 << 28;
     int penWidth(int logical) const;
 
 private:

@@ -2,6 +2,7 @@
 #include "platform/gdi/region.h"
 
 #include "platform/gdi/raster/polygon.h"
+#include "platform/gdi/raster/rect.h"
 
 #include <algorithm>
 
@@ -81,11 +82,6 @@ void merge(const std::vector<int>& a, const std::vector<int>& b, Area::Operation
             out.push_back(x);
         inside = now;
     }
-}
-
-LONG limited(std::int64_t v)
-{
-    return LONG(std::clamp<std::int64_t>(v, INT32_MIN, INT32_MAX));
 }
 
 } // namespace
@@ -170,9 +166,9 @@ bool Area::touches(const RECT& rect) const
 void Area::offset(int x, int y)
 {
     for (RECT& r : list)
-        r = {limited(std::int64_t(r.left) + x), limited(std::int64_t(r.top) + y), limited(std::int64_t(r.right) + x),
-             limited(std::int64_t(r.bottom) + y)};
-    std::erase_if(list, [](const RECT& r) { return r.left >= r.right || r.top >= r.bottom; });
+        r = {raster::saturated(std::int64_t(r.left) + x), raster::saturated(std::int64_t(r.top) + y),
+             raster::saturated(std::int64_t(r.right) + x), raster::saturated(std::int64_t(r.bottom) + y)};
+    std::erase_if(list, raster::isEmpty);
 }
 
 void Area::addBand(int top, int bottom, const std::vector<int>& edges)

@@ -1,20 +1,12 @@
 // The shapes that make up a wide line.
 #include "platform/gdi/raster/wide_line.h"
 
+#include "platform/gdi/raster/rect.h"
+
 #include <cmath>
 
 namespace kv::raster
 {
-
-namespace
-{
-
-LONG saturated(std::int64_t v)
-{
-    return LONG(std::min<std::int64_t>(std::max<std::int64_t>(v, INT32_MIN), INT32_MAX));
-}
-
-} // namespace
 
 Quadrangle slantedSegment(const Segment& segment, const Segment& line, int width)
 {

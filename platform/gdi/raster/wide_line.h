@@ -4,6 +4,7 @@
 #include "platform/gdi/raster/coverage.h"
 #include "platform/gdi/raster/ellipse.h"
 #include "platform/gdi/raster/polygon.h"
+#include "platform/gdi/raster/rect.h"
 
 #include <span>
 
@@ -75,8 +76,7 @@ void WidePen::dot(const Sink& sink, const RECT& clip, POINT center) const
         return;
     if (size > tableLimit)
     {
-        const auto limited = [](std::int64_t v) { return int(std::clamp<std::int64_t>(v, INT32_MIN, INT32_MAX)); };
-        const Ellipse round({limited(left), limited(top), limited(left + size), limited(top + size)}, clip);
+        const Ellipse round({saturated(left), saturated(top), saturated(left + size), saturated(top + size)}, clip);
         round.fill(sink, clip);
         return;
     }

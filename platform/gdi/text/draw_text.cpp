@@ -1,6 +1,7 @@
 // DrawText: lines inside a rectangle.
 #include "platform/gdi/dc.h"
 #include "platform/gdi/gdi.h"
+#include "platform/gdi/raster/rect.h"
 
 #include <algorithm>
 #include <cwchar>
@@ -149,44 +150,45 @@ int DrawTextW(HDC dc, LPCWSTR text, int count, RECT* rect, UINT format)
     if (!text || !rect || count < -1 || !GetTextMetricsW(dc, &metrics))
         return 0;
     const std::wstring all(text, count == -1 ? std::wcslen(text) : std::size_t(count));
-    const int width = int(std::clamp<std::int64_t>(std::int64_t(rect->right) - rect->left, 0, INT32_MAX));
+    const RECT box = kv::raster::limited(*rect);
+    const int width = std::max(0, box.right - box.left);
     const std::vector<Line> lines = layOut(dc, all, width, format);
     const int step = metrics.tmHeight + (format & DT_EXTERNALLEADING ? metrics.tmExternalLeading : 0);
-    const int height = step * int(lines.size());
-    int top = rect->top;
+    const int height = int(std::min<std::size_t>(std::size_t(std::max(step, 0)) * lines.size(), 1 << 28));
+    int top = box.top;
     if (format & DT_SINGLELINE)
     {
-        const std::int64_t room = std::int64_t(rect->bottom) - rect->top - height;
+        const int room = box.bottom - box.top - height;
         if (format & DT_BOTTOM)
-            top = int(rect->top + room);
+            top = box.top + room;
         else if (format & DT_VCENTER)
-            top = int(rect->top + room / 2);
+            top = box.top + room / 2;
     }
     int widest = 0;
     for (const Line& line : lines)
         widest = std::max(widest, line.width);
     if (format & DT_CALCRECT)
     {
-        rect->right = rect->left + widest;
+        rect->right = box.left + widest;
         if (!(format & DT_SINGLELINE) || !(format & (DT_BOTTOM | DT_VCENTER)))
-            rect->bottom = rect->top + height;
+            rect->bottom = box.top + height;
         return height;
     }
 
     const int saved = SaveDC(dc);
     SetTextAlign(dc, TA_LEFT | TA_TOP);
     if (!(format & DT_NOCLIP))
-        IntersectClipRect(dc, rect->left, rect->top, rect->right, rect->bottom);
+        IntersectClipRect(dc, box.left, box.top, box.right, box.bottom);
     int y = top;
     for (const Line& line : lines)
     {
         const int room = width - line.width;
-        const int x = rect->left + (format & DT_CENTER ? room / 2 : format & DT_RIGHT ? room : 0);
+        const int x = box.left + (format & DT_CENTER ? room / 2 : format & DT_RIGHT ? room : 0);
         TextOutW(dc, x, y, line.text.c_str(), int(line.text.size()));
         if (line.mark != std::wstring::npos)
             drawMark(dc, line, x, y, metrics.tmAscent);
         y += step;
     }
     RestoreDC(dc, saved);
-    return top + height - rect->top;
+    return top + height - box.top;
 }

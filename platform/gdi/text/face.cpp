@@ -77,7 +77,7 @@ struct Found
     int weight = FC_WEIGHT_NORMAL, slant = FC_SLANT_ROMAN;
 };
 
-bool match(const Wish& wish, Found& found)
+bool match(FcConfig* config, const Wish& wish, Found& found)
 {
     const PatternPtr pattern(FcPatternCreate());
     if (!pattern)
@@ -86,10 +86,10 @@ bool match(const Wish& wish, Found& found)
     FcPatternAddInteger(pattern.get(), FC_WEIGHT, wish.bold ? FC_WEIGHT_BOLD : FC_WEIGHT_NORMAL);
     FcPatternAddInteger(pattern.get(), FC_SLANT, wish.italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
     FcPatternAddBool(pattern.get(), FC_SCALABLE, FcTrue);
-    FcConfigSubstitute(nullptr, pattern.get(), FcMatchPattern);
+    FcConfigSubstitute(config, pattern.get(), FcMatchPattern);
     FcDefaultSubstitute(pattern.get());
     FcResult result = FcResultNoMatch;
-    const PatternPtr best(FcFontMatch(nullptr, pattern.get(), &result));
+    const PatternPtr best(FcFontMatch(config, pattern.get(), &result));
     FcChar8* file = nullptr;
     if (!best || FcPatternGetString(best.get(), FC_FILE, 0, &file) != FcResultMatch)
         return false;
@@ -126,14 +126,28 @@ void readMetrics(Face& face)
     face.lineGap = std::max(0, lineGap - (face.ascent + face.descent - lineAscent - lineDescent));
 }
 
+// Set for good when the process ends: text is no longer drawn then.
+bool closed = false;
+
 class Library
 {
 public:
-    Library()
+    Library() : config(FcInitLoadConfigAndFonts())
     {
         if (FT_Init_FreeType(&library) != 0)
             library = nullptr;
     }
+    ~Library()
+    {
+        closed = true;
+        faces.clear();
+        if (library)
+            FT_Done_FreeType(library);
+        if (config)
+            FcConfigDestroy(config);
+    }
+    Library(const Library&) = delete;
+    Library& operator=(const Library&) = delete;
 
     Face* find(const Wish& wish)
     {
@@ -148,7 +162,7 @@ private:
     {
         Found found;
         auto face = std::make_unique<Face>();
-        if (!library || !match(wish, found) ||
+        if (!library || !config || !match(config, wish, found) ||
             FT_New_Face(library, found.file.c_str(), found.index, &face->face) != 0 || !FT_IS_SCALABLE(face->face))
             return nullptr;
         readMetrics(*face);
@@ -157,8 +171,9 @@ private:
         return face;
     }
 
+    FcConfig* config;
     FT_Library library = nullptr;
-    std::map<Wish, std::unique_ptr<Face>> faces;
+    std::map<Wish, std::unique_ptr<Face>> faces; // the library closes what they hold
 };
 
 } // namespace
@@ -171,8 +186,9 @@ std::mutex& faceLock()
 
 Face* findFace(const LOGFONTW& description)
 {
-    // Stays until the process ends, as the handles of fonts may.
-    static Library& library = *new Library;
+    if (closed)
+        return nullptr;
+    static Library library;
     return library.find(wishOf(description));
 }
 

@@ -1,5 +1,6 @@
 // TextOut, text metrics and extents.
 #include "platform/gdi/gdi.h"
+#include "platform/gdi/raster/rect.h"
 #include "platform/gdi/text/text_out.h"
 
 #include <algorithm>
@@ -22,11 +23,6 @@ Result refused(Result result, DWORD error = ERROR_INVALID_PARAMETER)
 bool isText(LPCWSTR text, std::int64_t count)
 {
     return count >= 0 && (text || count == 0);
-}
-
-int limited(std::int64_t v)
-{
-    return int(std::clamp<std::int64_t>(v, INT32_MIN, INT32_MAX));
 }
 
 } // namespace
@@ -70,7 +66,8 @@ BOOL ExtTextOutW(HDC handle, int x, int y, UINT options, const RECT* rect, LPCWS
     if (update && (dc->state.textAlign & TA_CENTER) != TA_CENTER)
     {
         const int step = font.logicalAlong(line.width);
-        dc->state.position.x = limited(std::int64_t(from.x) + (dc->state.textAlign & TA_RIGHT ? -step : step));
+        dc->state.position.x =
+            kv::raster::saturated(std::int64_t(from.x) + (dc->state.textAlign & TA_RIGHT ? -step : step));
     }
     return TRUE;
 }

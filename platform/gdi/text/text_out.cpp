@@ -4,6 +4,7 @@
 #include "platform/gdi/paint.h"
 
 #include "platform/gdi/raster/polygon.h"
+#include "platform/gdi/raster/rect.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,11 +14,6 @@ namespace kv::gdi
 
 namespace
 {
-
-RECT common(const RECT& a, const RECT& b)
-{
-    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right), std::min(a.bottom, b.bottom)};
-}
 
 LONG nearest(double v)
 {
@@ -82,7 +78,7 @@ void drawGlyph(const PixelView& view, const RECT& clip, const Glyph& glyph, POIN
 {
     const RECT box{origin.x + glyph.left, origin.y + glyph.top, origin.x + glyph.left + glyph.width,
                    origin.y + glyph.top + glyph.height};
-    const RECT part = common(box, clip);
+    const RECT part = raster::common(box, clip);
     for (int y = part.top; y < part.bottom; ++y)
     {
         const std::uint8_t* const row = glyph.coverage.data() + std::ptrdiff_t(y - box.top) * glyph.width - box.left;
@@ -127,8 +123,8 @@ void drawLine(const Dc& dc, const TextFont& font, const TextLine& line, double x
     std::vector<RECT> clips = dc.visible();
     if (clip)
         for (RECT& r : clips)
-            r = common(r, *clip);
-    std::erase_if(clips, [](const RECT& r) { return r.left >= r.right || r.top >= r.bottom; });
+            r = raster::common(r, *clip);
+    std::erase_if(clips, raster::isEmpty);
     const Placement at = placed(dc, font, line, x, y);
     if (dc.state.backgroundMode == OPAQUE)
         fillBand(dc, clips, at, double(line.width), -font.descent(), font.ascent(), dc.state.background);
