@@ -79,7 +79,7 @@ public:
     void ConvertLogicToPixel(KvTPair<short>& lengths) const;
     void ConvertPixelToLogic(KvTPair<short>& lengths) const;
 
-    // The scroll position in logic coordinates.
+    // The scroll position in device pixels.
     KvTPoint<short> GetScrollPos() const { return FGetScrollPos(); }
     KvTPoint<short> FGetScrollPos() const;
     // Scrolls the given logic point to the view's corner, as far as the scroll range allows.

@@ -121,10 +121,13 @@ void KvAOIBaseViewWnd::FSetZoomFactor(double x, double y)
 void KvAOIBaseViewWnd::FFitAOIToWindowOn()
 {
     FitContentToWindowOn();
+    FResizeBaseWindow();
 }
+
 void KvAOIBaseViewWnd::FFitAOIToWindowOff()
 {
     FitContentToWindowOff();
+    FResizeBaseWindow();
 }
 
 void KvAOIBaseViewWnd::SetDefaultZoomFactor(double zoom)
