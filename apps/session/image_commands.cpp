@@ -61,9 +61,19 @@ void ImageColour(Player& player, const Arguments& words)
     player.images.Add(words.Text(0), Made<KvBufferAOI32Color>(SizeOf(words, 1), [=](int, int) { return color; }));
 }
 
+// A file that can't be read ends the session, as nothing that follows could be what was meant.
 void ImageFile(Player& player, const Arguments& words)
 {
-    player.images.Add(words.Text(0), KvxLoadAOI(KvString(player.InputFile(words.Text(1)).c_str())));
+    try
+    {
+        player.images.Add(words.Text(0), KvxLoadAOI(KvString(player.InputFile(words.Text(1)).c_str())));
+    }
+    catch (KvException* failure)
+    {
+        const std::string text = failure->GetMessageW().Utf8();
+        failure->Delete();
+        throw CommandError(text);
+    }
 }
 
 // `image NAME KIND ...`: the kind is the second word.

@@ -7,6 +7,16 @@
 
 #include <iostream>
 
+namespace
+{
+// What a session says on stderr is its own; Qt's remarks on the desktop are left out.
+void PassFailuresOnly(QtMsgType type, const QMessageLogContext&, const QString& text)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        std::cerr << text.toStdString() << std::endl;
+}
+} // namespace
+
 int main(int argc, char** argv)
 {
     CLI::App cli("Plays an operator's session at the real windows.", "kvsession");
@@ -28,6 +38,7 @@ int main(int argc, char** argv)
         return cli.exit(error) == 0 ? 0 : 2;
     }
 
+    qInstallMessageHandler(PassFailuresOnly);
     if (!show)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication qt(argc, argv);

@@ -3,6 +3,7 @@
 #include "apps/session/format.h"
 #include "apps/session/player.h"
 #include "apps/session/pointing.h"
+#include "apps/session/switch.h"
 #include "platform/win/input.h"
 #include "platform/win/modal.h"
 
@@ -54,14 +55,6 @@ void Kind(Player& player, const Arguments& words)
 {
     const auto kind = static_cast<int>(words.Integer(0));
     player.stage.View().UseContextMenu(kind);
-}
-
-// A command that calls one of two operations of the view.
-template <void (KvAOIBaseViewWnd::*on)(), void (KvAOIBaseViewWnd::*off)()>
-void Switch(Player& player, const Arguments& words)
-{
-    const bool enable = words.OnOff(0);
-    (player.stage.View().*(enable ? on : off))();
 }
 
 void PrintItem(Player& player, const MenuItem& item, const std::string& indent)

@@ -126,8 +126,7 @@ void Player::PrintException(CException* failure)
 std::filesystem::path Player::InputFile(const std::string& file) const
 {
     const std::filesystem::path inOut = options.out / file;
-    const std::filesystem::path beside = folder / file;
-    return !std::filesystem::exists(inOut) && std::filesystem::exists(beside) ? beside : inOut;
+    return std::filesystem::exists(inOut) ? inOut : folder / file;
 }
 
 std::filesystem::path Player::OutputFile(const std::string& file) const

@@ -37,7 +37,7 @@ public:
     // Prints a failure and deletes it.
     void PrintException(CException* failure);
 
-    // Where a file to read is: in the output folder, else beside the session; there if it is nowhere.
+    // Where a file to read is: in the output folder, else (or if it is nowhere) beside the session.
     std::filesystem::path InputFile(const std::string& name) const;
     // Where a file to write goes; its folder is made.
     std::filesystem::path OutputFile(const std::string& name) const;

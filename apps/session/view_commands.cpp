@@ -1,6 +1,7 @@
 // Commands of the host and of the view in it.
 #include "apps/session/commands.h"
 #include "apps/session/player.h"
+#include "apps/session/switch.h"
 #include "apps/session/view_content.h"
 
 namespace kv::session
@@ -51,26 +52,14 @@ void Aois(Player& player, const Arguments& words)
 
 void Zoom(Player& player, const Arguments& words)
 {
-    KvAOIBaseViewWnd& view = player.stage.View();
     const double x = words.Number(0);
-    if (words.Count() == 1)
-    {
-        view.SetDefaultOff();
-        view.SetZoomFactor(x);
-        return;
-    }
-    const double y = words.Number(1);
-    view.SetDefaultOff();
-    view.SetZoomFactor(x, y);
-}
-
-void Default(Player& player, const Arguments& words)
-{
+    const double y = words.Count() == 2 ? words.Number(1) : x;
     KvAOIBaseViewWnd& view = player.stage.View();
-    if (words.OnOff(0))
-        view.SetDefaultOn();
+    view.SetDefaultOff();
+    if (words.Count() == 1)
+        view.SetZoomFactor(x);
     else
-        view.SetDefaultOff();
+        view.SetZoomFactor(x, y);
 }
 
 void DefaultZoom(Player& player, const Arguments& words)
@@ -89,24 +78,6 @@ void DefaultAspect(Player& player, const Arguments& words)
 {
     const bool on = words.ZeroOne(0);
     player.stage.View().SetDefaultAspectRatioMaintained(on);
-}
-
-void Fit(Player& player, const Arguments& words)
-{
-    KvAOIBaseViewWnd& view = player.stage.View();
-    if (words.OnOff(0))
-        view.FitAOIToWindowOn();
-    else
-        view.FitAOIToWindowOff();
-}
-
-void Aspect(Player& player, const Arguments& words)
-{
-    KvAOIBaseViewWnd& view = player.stage.View();
-    if (words.OnOff(0))
-        view.MaintainPixelAspectRatioOn();
-    else
-        view.MaintainPixelAspectRatioOff();
 }
 
 void Scroll(Player& player, const Arguments& words)
@@ -162,12 +133,13 @@ void AddViewCommands(CommandTable& table)
     table.Add("close", 0, 0, Close);
     table.Add("aois", 0, CommandTable::any, Aois);
     table.Add("zoom", 1, 2, Zoom);
-    table.Add("default", 1, 1, Default);
+    table.Add("default", 1, 1, Switch<&KvAOIBaseViewWnd::SetDefaultOn, &KvAOIBaseViewWnd::SetDefaultOff>);
     table.Add("default zoom", 1, 1, DefaultZoom);
     table.Add("default fitted", 1, 1, DefaultFitted);
     table.Add("default aspect", 1, 1, DefaultAspect);
-    table.Add("fit", 1, 1, Fit);
-    table.Add("aspect", 1, 1, Aspect);
+    table.Add("fit", 1, 1, Switch<&KvAOIBaseViewWnd::FitAOIToWindowOn, &KvAOIBaseViewWnd::FitAOIToWindowOff>);
+    table.Add("aspect", 1, 1,
+              Switch<&KvAOIBaseViewWnd::MaintainPixelAspectRatioOn, &KvAOIBaseViewWnd::MaintainPixelAspectRatioOff>);
     table.Add("scroll", 2, 2, Scroll);
     table.Add("shrink", 1, 1, Shrink);
     table.Add("memdc", 1, 1, MemDC);
