@@ -336,6 +336,7 @@ private:
 
     COLORREF ColorOf(const KvContour& contour) const;
     void DisplayContour(CDC& dc, int width, KvContour& contour);
+    bool IsOutOfSight(const KvContour& contour, const CRect& visible, int width) const;
     void DisplayShape(CDC& dc, KvContour& contour);
     void DisplayLabel(CDC& dc, const KvContour& contour) const;
     void DisplayHandles(CDC& dc, KvAOIBaseViewWnd& view);

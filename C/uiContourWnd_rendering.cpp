@@ -6,7 +6,9 @@
 #include "C/uiContourWnd_symbols_p.h"
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
+#include <optional>
 
 using namespace KvN;
 using namespace kv::editor;
@@ -51,6 +53,41 @@ KvTSize<short> SizeOfAOI(KvAOIBaseViewWnd& view)
 {
     const KvAOI* aoi = view.GetAOI();
     return aoi ? aoi->AOISize() : KvTSize<short>();
+}
+
+// The part of the image that a drawing on this context can bring to the screen. A paint of the view copies no more than
+// what is visible; any other context may be looked at as a whole.
+std::optional<CRect> VisiblePart(const CDC& dc, KvAOIBaseViewWnd& view)
+{
+    if (!view.IsInDraw() || &dc != view.GetOutputDevice() || dc.IsPrinting())
+        return std::nullopt;
+    return view.GetVisibleLogicalRect();
+}
+
+// Where the outline is drawn, pen width aside.
+CRect DrawnBox(const KvContour& contour, bool ellipse)
+{
+    CRect box(INT_MAX, INT_MAX, INT_MIN, INT_MIN);
+    const auto grow = [&box](int left, int top, int right, int bottom)
+    {
+        box.left = std::min<int>(box.left, left);
+        box.top = std::min<int>(box.top, top);
+        box.right = std::max<int>(box.right, right);
+        box.bottom = std::max<int>(box.bottom, bottom);
+    };
+    if (ellipse)
+    {
+        KvTRectangle<double> outer;
+        contour.MakeBoundingBox(outer);
+        grow(Truncated(outer.left), Truncated(outer.top), Rounded(outer.right), Rounded(outer.bottom));
+        return box;
+    }
+    for (auto* node = contour.CurvePositions().head; node; node = node->next)
+    {
+        const POINT p = PointOf(node->value);
+        grow(p.x, p.y, p.x, p.y);
+    }
+    return box;
 }
 
 bool IsEllipse(const KvContour& contour)
@@ -159,15 +196,30 @@ void KvContourWnd::DisplayUserDrawnRegions(CDC* pDC, KvAOIBaseViewWnd* view)
     const Rop2Mode rop(dc, R2_COPYPEN);
 
     const int width = Rounded(GetEffectiveLineWidth(view));
+    const std::optional<CRect> visible = VisiblePart(dc, *view);
     for (unsigned long i = 0; i < m_ContourSeq.NumEntries(); ++i)
     {
         KvContour* contour = m_ContourSeq.GetEntry(i);
         // A read-only contour is invisible, and can't be hit either. Required.
-        if (!contour->ReadOnly())
-            DisplayContour(dc, width, *contour);
+        if (contour->ReadOnly() || (visible && IsOutOfSight(*contour, *visible, width)))
+            continue;
+        DisplayContour(dc, width, *contour);
     }
     if (m_ShowThumbs)
         DisplayHandles(dc, *view);
+}
+
+// Whether nothing of the contour can show. Labels, markers and directions reach further than the outline: contours with
+// them are always drawn.
+bool KvContourWnd::IsOutOfSight(const KvContour& contour, const CRect& visible, int width) const
+{
+    const bool symbols = m_ShowPolylineDirection || m_SymbolMarkerList.Count() > 0;
+    if (contour.Description().Length() > 0 || (symbols && contour.ContourType() == KvContour::ePolyline))
+        return false;
+    const CRect box = DrawnBox(contour, IsEllipse(contour));
+    const int margin = width + 2;
+    return box.right < visible.left - margin || box.left > visible.right + margin ||
+           box.bottom < visible.top - margin || box.top > visible.bottom + margin;
 }
 
 void KvContourWnd::DisplayContour(CDC& dc, int width, KvContour& contour)

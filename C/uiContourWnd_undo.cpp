@@ -1,6 +1,7 @@
 // Snapshots of the editor's store, and the road to the host's undo manager.
 #include "C/uiContourWnd.h"
 
+#include <algorithm>
 #include <bit>
 #include <memory>
 #include <new>
@@ -15,24 +16,27 @@ bool SameBits(double a, double b)
     return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
 }
 
-bool SamePoints(const KvTList<KvVec2d>& a, const KvTList<KvVec2d>& b)
+bool SamePoints(const std::vector<KvVec2d>& kept, const KvTList<KvVec2d>& points)
 {
-    if (a.count != b.count)
+    if (kept.size() != static_cast<size_t>(points.count))
         return false;
-    for (auto *p = a.head, *q = b.head; p && q; p = p->next, q = q->next)
-    {
-        if (!SameBits(p->value.x, q->value.x) || !SameBits(p->value.y, q->value.y))
-            return false;
-    }
-    return true;
+    auto* node = points.head;
+    return std::all_of(kept.begin(), kept.end(),
+                       [&](const KvVec2d& p)
+                       {
+                           const KvVec2d& q = node->value;
+                           node = node->next;
+                           return SameBits(p.x, q.x) && SameBits(p.y, q.y);
+                       });
 }
 
-bool IsSame(const KvContour& a, const KvContour& b)
+bool IsSame(const KvContourKeeper::Copy& copy, const KvContour& b)
 {
+    const KvContour& a = copy.record;
     return a.ID() == b.ID() && a.SequenceID() == b.SequenceID() && a.Exclude() == b.Exclude() &&
            a.ReadOnly() == b.ReadOnly() && a.ContourType() == b.ContourType() && a.Color() == b.Color() &&
            SameBits(a.LineWidth(), b.LineWidth()) && SameBits(a.Angle(), b.Angle()) &&
-           a.Description() == b.Description() && SamePoints(a.CurvePositions(), b.CurvePositions());
+           a.Description() == b.Description() && SamePoints(copy.points, b.CurvePositions());
 }
 
 } // namespace
@@ -40,12 +44,28 @@ bool IsSame(const KvContour& a, const KvContour& b)
 namespace KvN
 {
 
+KvContourKeeper::Copy::Copy(const KvContour& contour) : record(contour)
+{
+    points.reserve(static_cast<size_t>(record.CurvePositions().count));
+    for (auto* node = record.CurvePositions().head; node; node = node->next)
+        points.push_back(node->value);
+    record.CurvePositions().Clear();
+}
+
+KvContour KvContourKeeper::Copy::Contour() const
+{
+    KvContour contour = record;
+    for (const KvVec2d& point : points)
+        contour.CurvePositions().AddTail(point);
+    return contour;
+}
+
 KvContourKeeper::Kept KvContourKeeper::Keep(const KvContour& contour)
 {
-    std::weak_ptr<const KvContour>& last = known[contour.ID()];
+    std::weak_ptr<const Copy>& last = known[contour.ID()];
     if (Kept kept = last.lock(); kept && IsSame(*kept, contour))
         return kept;
-    const Kept copy = std::make_shared<const KvContour>(contour);
+    const Kept copy = std::make_shared<const Copy>(contour);
     last = copy;
     return copy;
 }
@@ -74,10 +94,14 @@ void KvContourWndState::Write()
 {
     if (!m_pContourWnd)
         return;
-    // Owns nothing, and is only read.
     KvTPList<KvContour> list;
+    list.SetClearFunction(&KvContour::ClrFunc);
     for (const KvContourKeeper::Kept& kept : m_Contours)
-        list.AddEntry(const_cast<KvContour*>(kept.get()));
+    {
+        auto contour = std::make_unique<KvContour>(kept->Contour());
+        if (list.AddEntry(contour.get()))
+            contour.release();
+    }
     m_pContourWnd->SetContourList(list);
     m_pContourWnd->m_SignalContourAdded.Emit(nullptr);
     if (::IsWindow(m_pContourWnd->GetSafeHwnd()))
