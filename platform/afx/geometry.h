@@ -18,6 +18,7 @@ public:
     constexpr CSize operator-() const { return {-cx, -cy}; }
 
     friend constexpr bool operator==(const CSize& a, const SIZE& b) { return a.cx == b.cx && a.cy == b.cy; }
+    friend constexpr bool operator==(const CSize& a, const CSize& b) { return a.cx == b.cx && a.cy == b.cy; }
     friend constexpr CSize operator+(const CSize& a, const SIZE& b) { return {a.cx + b.cx, a.cy + b.cy}; }
     friend constexpr CSize operator-(const CSize& a, const SIZE& b) { return {a.cx - b.cx, a.cy - b.cy}; }
 };
@@ -43,6 +44,7 @@ public:
     constexpr CPoint operator-() const { return {-x, -y}; }
 
     friend constexpr bool operator==(const CPoint& a, const POINT& b) { return a.x == b.x && a.y == b.y; }
+    friend constexpr bool operator==(const CPoint& a, const CPoint& b) { return a.x == b.x && a.y == b.y; }
     friend constexpr CPoint operator+(const CPoint& a, const SIZE& b) { return {a.x + b.cx, a.y + b.cy}; }
     friend constexpr CPoint operator-(const CPoint& a, const SIZE& b) { return {a.x - b.cx, a.y - b.cy}; }
     friend constexpr CPoint operator+(const CPoint& a, const POINT& b) { return {a.x + b.x, a.y + b.y}; }
@@ -116,6 +118,7 @@ public:
     friend CRect operator+(CRect a, const POINT& by) { return a += by; }
     friend CRect operator-(CRect a, const POINT& by) { return a -= by; }
     friend bool operator==(const CRect& a, const RECT& b) { return ::EqualRect(&a, &b); }
+    friend bool operator==(const CRect& a, const CRect& b) { return ::EqualRect(&a, &b); }
 };
 
 inline void CRect::NormalizeRect()
