@@ -64,6 +64,30 @@ TEST_F(QtHosts, ALayoutPlacesTheChild)
     EXPECT_EQ(child.Count(WM_KEYDOWN), 1);
 }
 
+TEST_F(QtHosts, WindowsMadeInAHiddenHostArePaintedWhenItShows)
+{
+    QWidget host;
+    host.resize(120, 80);
+    RecordingWnd child;
+    child.onMessage = [](RecordingWnd& self, UINT message, WPARAM, LPARAM)
+    {
+        if (message != WM_PAINT)
+            return false;
+        CPaintDC dc(&self);
+        dc.FillSolidRect(CRect(0, 0, 120, 80), RGB(255, 0, 0));
+        return true;
+    };
+    ASSERT_TRUE(child.Create(AfxRegisterWndClass(0), CString(), WS_CHILD | WS_VISIBLE, CRect(0, 0, 120, 80),
+                             CWnd::FromHandle(HostWindow(&host)), 1));
+    child.Invalidate();
+    Settle();
+    EXPECT_EQ(child.Count(WM_PAINT), 0);
+    host.show();
+    Settle();
+    EXPECT_EQ(child.Count(WM_PAINT), 1);
+    EXPECT_EQ(host.grab().toImage().pixelColor(60, 40), QColor(255, 0, 0));
+}
+
 TEST_F(QtHosts, AHostThatGoesTakesItsWindowsAlong)
 {
     RecordingWnd child;

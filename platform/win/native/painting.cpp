@@ -75,6 +75,15 @@ void AddUpdate(Window& window, const QRegion& region, bool erase)
     }
 }
 
+// Children that were shown before their parent have never been painted.
+void InvalidateTree(Window& window)
+{
+    const CSize size = window.ClientSize();
+    AddUpdate(window, QRegion(0, 0, size.cx, size.cy), true);
+    for (Window* child : window.children)
+        InvalidateTree(*child);
+}
+
 void PaintNow(Window& window)
 {
     if (window.update.isEmpty() || window.painting || !window.IsShown())

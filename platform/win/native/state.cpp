@@ -41,15 +41,6 @@ void LeaveWindow(Window& window)
     if (input.focus && (input.focus == window.handle || IsChild(window.handle, input.focus)))
         FocusMoved(nullptr);
 }
-
-// Children that were shown before their parent have never been painted.
-void InvalidateTree(Window& window)
-{
-    const CSize size = window.ClientSize();
-    AddUpdate(window, QRegion(0, 0, size.cx, size.cy), true);
-    for (Window* child : window.children)
-        InvalidateTree(*child);
-}
 } // namespace
 
 BOOL EnableWindow(HWND handle, BOOL enable)

@@ -122,6 +122,10 @@ private:
             if (Window* window = FindByWidget(&widget); window && window->ownsWidget)
                 GeometryFromQt(*window);
             return false;
+        case QEvent::Show:
+            if (Window* window = FindByWidget(&widget); window && !window->ownsWidget)
+                InvalidateTree(*window);
+            return false;
         case QEvent::Close:
             return OnClose(widget, event);
         case QEvent::Leave:

@@ -126,9 +126,10 @@ void Forget(Window& window);
 // ---- Painting
 
 void AddUpdate(Window& window, const QRegion& region, bool erase);
-void PaintNow(Window& window);    // it alone, if it has an update region and is shown
-void PaintAllNow(Window& window); // and its children
-bool PaintEverything();           // all windows; false if nothing was to be painted
+void InvalidateTree(Window& window); // all of it and of its children, when it gets shown
+void PaintNow(Window& window);       // it alone, if it has an update region and is shown
+void PaintAllNow(Window& window);    // and its children
+bool PaintEverything();              // all windows; false if nothing was to be painted
 
 // ---- Geometry
 
