@@ -21,6 +21,7 @@ public:
     using KvMaskDlg::lineWidth;
     using KvMaskDlg::maskWnd;
     using KvMaskDlg::OnIncRectFrame;
+    using KvMaskDlg::OnValueChangedLinewidth;
     using KvMaskDlg::SetTool;
     using KvMaskDlg::toolId;
     using KvMaskDlg::toolMode;
@@ -288,9 +289,10 @@ TEST_F(MaskDlg, LineWidthOfAPlacedFrameChangesAtOnce)
 {
     Run("[Mask]\nToolId=5\n", [&](OpenMaskDlg& dialog) {
         DragInDialog(dialog, 10, 10, 30, 30);
-        auto& spin = dynamic_cast<KvSpinEdit&>(*dialog.GetDlgItem(36315));
-        spin.SetValue(5.9);
-        EXPECT_EQ(dialog.lineWidth, 5);
+        dynamic_cast<KvSpinEdit&>(*dialog.GetDlgItem(36315)).SetValue(3);
+        EXPECT_EQ(dialog.lineWidth, 3);
+        dialog.OnValueChangedLinewidth(5.9);
+        EXPECT_EQ(dialog.lineWidth, 5); // truncated
         EXPECT_EQ(dialog.maskWnd.GetLineWidth(), 5);
         ClickTool(dialog, accept);
         dialog.maskWnd.MaskToAOI();
@@ -349,11 +351,11 @@ TEST_F(MaskDlg, OKWritesTheSettingsToTheByte)
     Run("", [](OpenMaskDlg& dialog) {
         ClickControl(dialog, 36312);
         ClickTool(dialog, 42364);
-        dynamic_cast<KvSpinEdit&>(*dialog.GetDlgItem(36315)).SetValue(12.5);
+        dynamic_cast<KvSpinEdit&>(*dialog.GetDlgItem(36315)).SetValue(12);
         ClickControl(dialog, 36314);
         ClickControl(dialog, 1);
     });
-    EXPECT_EQ(config->Text(), "[Mask]\nIncTools=FALSE\nLineWidth=12.5\nShowSystemMask=TRUE\nToolId=15\n");
+    EXPECT_EQ(config->Text(), "[Mask]\nIncTools=FALSE\nLineWidth=12\nShowSystemMask=TRUE\nToolId=15\n");
 }
 
 TEST_F(MaskDlg, CancelTouchesNeitherMaskNorConfiguration)
