@@ -125,6 +125,7 @@ TEST_F(MaskMouse, RepaintedFigureIsDrawnAgain)
 
 TEST_F(MaskMouse, RightPressDuringALeftDragRestartsTheBand)
 {
+    stand.View().DisableRightButtonMenu();
     stand.Press(5, 5);
     stand.Move(20, 20);
     stand.Move(10, 10);

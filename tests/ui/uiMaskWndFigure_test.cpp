@@ -21,6 +21,7 @@ protected:
         figure.Init(&window.View());
         figure.SetRect({10, 12, 30, 28});
         figure.Show();
+        kv::win::Settle(); // what is drawn outside a paint must not be wiped by a pending one
     }
 
     // Where the handle is after a drawing; the figure is erased again.
