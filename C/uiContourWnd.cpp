@@ -30,11 +30,18 @@ KvContourWnd::KvContourWnd()
     m_ContourSeq.SetCompareFunction(&KvContour::CmpFuncSeq);
 }
 
-KvContourWnd::~KvContourWnd() = default;
+// A window that is still there outlives this part of the object: it must not call back any more.
+KvContourWnd::~KvContourWnd()
+{
+    ResetHandler();
+    if (View())
+        m_pView->ChangePaintHdl(Link());
+}
 
 void KvContourWnd::Init(const KvAOI* aoi)
 {
     m_pView = GetAOIBaseViewWnd();
+    m_ViewWnd = m_pView ? m_pView->GetSafeHwnd() : nullptr;
     m_AOIRect = aoi ? aoi->AOIRect() : KvTRectangle<short>();
     if (m_pView)
         m_pView->SetAOI(const_cast<KvAOI*>(aoi));
@@ -71,7 +78,7 @@ void KvContourWnd::Init(const KvAOI* aoi)
 
 void KvContourWnd::SetHandler()
 {
-    if (!m_pView)
+    if (!View())
         return;
     m_pView->ChangeMouseButtonDownHdl(Link(this, &KvContourWnd::LinkStubMouseButtonDownHdl));
     m_pView->ChangeMouseButtonUpHdl(Link(this, &KvContourWnd::LinkStubMouseButtonUpHdl));
@@ -83,7 +90,7 @@ void KvContourWnd::SetHandler()
 void KvContourWnd::ResetHandler()
 {
     m_HandlersSet = 0;
-    if (!m_pView)
+    if (!View())
         return;
     m_pView->ChangeMouseButtonDownHdl(Link());
     m_pView->ChangeMouseButtonUpHdl(Link());
@@ -217,26 +224,24 @@ void KvContourWnd::SetPolylineWidth(unsigned short width)
     Repaint();
 }
 
-bool KvContourWnd::IsViewAlive() const
-{
-    return m_pView && ::IsWindow(m_pView->GetSafeHwnd());
-}
-
 void KvContourWnd::EraseCurrentFigure()
 {
-    if (!IsViewAlive())
+    KvAOIBaseViewWnd* view = View();
+    if (!view)
         return;
-    m_pView->InvalidateRect(nullptr, FALSE);
-    m_pView->UpdateWindow();
+    view->InvalidateRect(nullptr, FALSE);
+    view->UpdateWindow();
 }
 
 KvTPoint<short> KvContourWnd::MousePosition() const
 {
-    return m_pView ? m_pView->FGetLogicPoint(m_pView->GetMouseEvent().GetPoint()) : KvTPoint<short>();
+    const KvAOIBaseViewWnd* view = View();
+    return view ? view->FGetLogicPoint(view->GetMouseEvent().GetPoint()) : KvTPoint<short>();
 }
 
 KvTSize<short> KvContourWnd::AOISize() const
 {
-    const KvAOI* aoi = m_pView ? m_pView->GetAOI() : nullptr;
+    KvAOIBaseViewWnd* view = View();
+    const KvAOI* aoi = view ? view->GetAOI() : nullptr;
     return aoi ? aoi->AOISize() : KvTSize<short>();
 }

@@ -299,7 +299,8 @@ private:
     void SelectObjectCursor(const Position& point, bool ctrl, bool alt);
     Position MousePosition() const;
     KvN::KvTSize<short> AOISize() const;
-    bool IsViewAlive() const;
+    // The view, as long as its window is there: it goes with the window, before the editor does.
+    KvAOIBaseViewWnd* View() const { return m_pView && ::IsWindow(m_ViewWnd) ? m_pView : nullptr; }
     void Repaint() { EraseCurrentFigure(); }
     void ResetToSelect();
 
@@ -349,6 +350,7 @@ private:
     int FigureWidth() const;
 
     KvN::KvContourKeeper m_Keeper;
+    HWND m_ViewWnd = nullptr;
 
     static bool IsSet(const KvVec2i& position) { return position.x != Unset && position.y != Unset; }
 

@@ -46,7 +46,7 @@ bool IsRectangle(const KvContour& contour)
 
 void KvContourWnd::ShowCursor(HCURSOR cursor)
 {
-    if (!m_pView)
+    if (!View())
         return;
     m_pView->SetDefaultCursor(cursor);
     ::SetCursor(cursor);
@@ -69,7 +69,7 @@ void KvContourWnd::ShowSizeCursor(const KvVec2d& direction)
 
 void KvContourWnd::SelectCursor()
 {
-    if (!m_pView)
+    if (!View())
         return;
     const Position point = MousePosition();
     if (m_SignalCursorRequest.SlotCount() > 0)

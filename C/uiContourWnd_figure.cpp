@@ -63,7 +63,7 @@ int KvContourWnd::FigureWidth() const
 
 void KvContourWnd::DrawCurrentFigure(const KvVec2i& position, const Pair& pair)
 {
-    if (!IsSet(position) || !m_pView)
+    if (!IsSet(position) || !View())
         return;
     // A figure that can't be drawn must not disturb a paint.
     try

@@ -104,7 +104,7 @@ void KvContourWnd::StartPolyline(const Position& point)
     m_Figure.CurvePositions().AddTail(AsVector(point));
     m_FigureActive = 1;
     CallChangeModeHdl();
-    if (m_pView)
+    if (View())
         m_pView->DisableRightButtonMenu();
 }
 

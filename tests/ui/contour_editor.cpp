@@ -138,12 +138,11 @@ EditorTest::~EditorTest()
 
 void EditorTest::Open(short width, short height, int hostWidth, int hostHeight, double zoom)
 {
+    undo.Clear();
     if (editor)
-    {
-        undo.Clear();
         editor->DestroyWindow();
+    if (host.GetSafeHwnd())
         host.DestroyWindow();
-    }
     aoi = std::make_unique<KvBufferAOI8>(KvTSize<short>(width, height), 0);
     host.CreateEx(0, AfxRegisterWndClass(0), "", WS_POPUP | WS_VISIBLE, 0, 0, hostWidth, hostHeight, nullptr, nullptr);
     editor = std::make_unique<Editor>();

@@ -1,5 +1,5 @@
 // An operator who does anything: whatever comes, the two orders hold the same contours, the capture is free at rest,
-// and undoing everything gives the first state. KV_RANDOM_EVENTS sets the number of events.
+// and undoing everything gives the first state. KV_RANDOM_EVENTS sets the number of events, KV_RANDOM_SEED the seed.
 #include "tests/ui/contour_editor.h"
 
 #include <algorithm>
@@ -136,7 +136,13 @@ protected:
         }
     }
 
-    std::mt19937 random{20240607};
+    static unsigned Seed()
+    {
+        const char* wanted = std::getenv("KV_RANDOM_SEED");
+        return wanted ? static_cast<unsigned>(std::atoi(wanted)) : 20240607u;
+    }
+
+    std::mt19937 random{Seed()};
     std::map<UINT, bool> down;
     bool pressed = false;
     int x = 0;

@@ -42,6 +42,30 @@ TEST_F(EditorModel, WithoutAViewOperationsDoNothingHarmful)
     EXPECT_EQ(fresh.m_Contours.NumEntries(), 0u);
 }
 
+TEST_F(EditorModel, WithoutItsWindowTheEditorStillHoldsItsContours)
+{
+    Give({Rect(10, 10, 50, 50)});
+    editor->DestroyWindow();
+    editor->SelectContour(0);
+    editor->SetColor(RGB(1, 2, 3));
+    editor->SetTool(KvContourWnd::ToolRect);
+    editor->SetContourSelected(&Contour(0));
+    editor->SetHandler();
+    editor->ResetHandler();
+    EXPECT_EQ(Ids(), "0 | 0");
+}
+
+TEST_F(EditorModel, EditorMayGoBeforeItsWindowIsDestroyed)
+{
+    Give({Shape(KvContour::ePolygon, {{10, 10}, {10, 60}, {60, 60}})});
+    editor->SetTool(KvContourWnd::ToolPolygon);
+    Click(100, 100);
+    undo.Clear();
+    editor.reset();
+    EXPECT_EQ(::GetCapture(), nullptr);
+    Open(200, 150, 400, 300);
+}
+
 TEST_F(EditorModel, NumbersThatAreNoToolMeanSelect)
 {
     for (const unsigned short tool : {0, 1, 2, 15, 16, 0xFFFE})
