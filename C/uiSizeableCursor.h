@@ -11,7 +11,7 @@ namespace KvN
 class KvAOIBaseViewWnd;
 class KvAOIWnd;
 
-enum SizeableMode
+enum SizeableMode : int
 {
     SizeableNone = 0,   // the size is fixed
     SizeableWidth = 1,  // only the width changes
@@ -20,7 +20,7 @@ enum SizeableMode
     SizeableUniform = 4 // both, by one common amount
 };
 
-enum CursorType
+enum CursorType : int // any int may stand here
 {
     CursorCircle = 0,
     CursorRectangle = 1

@@ -52,19 +52,36 @@ private:
     std::shared_ptr<Run> kept;
 };
 
-// Names the view's protected operations and members, so that a test can read and call them.
-class OpenView : public KvN::KvAOIBaseViewWnd
+// The view's protected members, opened for a test to read and write.
+class OpenView
 {
+    // Pointers to members that a derived class names may be used on any view.
+    struct Names : KvN::KvAOIBaseViewWnd
+    {
+        using KvAOIBaseViewWnd::aoiHeight;
+        using KvAOIBaseViewWnd::aoiList;
+        using KvAOIBaseViewWnd::aoiWidth;
+        using KvAOIBaseViewWnd::contextMenuKind;
+        using KvAOIBaseViewWnd::currentCursor;
+        using KvAOIBaseViewWnd::defaultCursor;
+        using KvAOIBaseViewWnd::inDraw;
+        using KvAOIBaseViewWnd::outputDevice;
+        using KvAOIBaseViewWnd::resizing;
+    };
+    KvN::KvAOIBaseViewWnd& view;
+
 public:
-    using KvAOIBaseViewWnd::aoiHeight;
-    using KvAOIBaseViewWnd::aoiList;
-    using KvAOIBaseViewWnd::aoiWidth;
-    using KvAOIBaseViewWnd::contextMenuKind;
-    using KvAOIBaseViewWnd::currentCursor;
-    using KvAOIBaseViewWnd::defaultCursor;
-    using KvAOIBaseViewWnd::inDraw;
-    using KvAOIBaseViewWnd::outputDevice;
-    using KvAOIBaseViewWnd::resizing;
+    explicit OpenView(KvN::KvAOIBaseViewWnd& view_) : view(view_) {}
+
+    short& aoiWidth = view.*&Names::aoiWidth;
+    short& aoiHeight = view.*&Names::aoiHeight;
+    KvN::KvTMem<KvN::KvAOI*>& aoiList = view.*&Names::aoiList;
+    int& contextMenuKind = view.*&Names::contextMenuKind;
+    HCURSOR& currentCursor = view.*&Names::currentCursor;
+    HCURSOR& defaultCursor = view.*&Names::defaultCursor;
+    int& inDraw = view.*&Names::inDraw;
+    CDC*& outputDevice = view.*&Names::outputDevice;
+    int& resizing = view.*&Names::resizing;
 };
 
 std::unique_ptr<KvN::KvBufferAOI8> Ramp(short width, short height); // pixel = (x + y) mod 256
@@ -78,8 +95,7 @@ public:
     ~AOIWindow();
 
     KvN::KvAOIBaseViewWnd& View() const { return *window->GetAOIBaseViewWnd(); }
-    // The same view; only for names that `OpenView` opens.
-    OpenView& Open() const { return static_cast<OpenView&>(View()); }
+    OpenView Open() const { return OpenView(View()); }
     CRect Frame() const; // within the window
     void ResizeHost(CSize client);
     // What the view shows at an AOI pixel, 0xRRGGBB.

@@ -62,6 +62,7 @@ TEST_F(Input, ADoubleClickIsPressReleaseDoubleRelease)
     plain.CreateTop(100, 100, 0);
     for (RecordingWnd* wnd : {&top, &plain})
     {
+        MoveMouse(wnd->m_hWnd, CPoint(5, 5)); // a press elsewhere would begin with a move
         wnd->noted.clear();
         PressButton(wnd->m_hWnd, Button::Left, CPoint(5, 5));
         ReleaseButton(wnd->m_hWnd, Button::Left, CPoint(5, 5));
