@@ -6,9 +6,10 @@
 #include "apps/workbench/Texts.h"
 #include "contracts/xml.h"
 
-#include <QFileInfo>
+#include <QFile>
 
 #include <algorithm>
+#include <cctype>
 #include <set>
 
 namespace kv::workbench
@@ -64,6 +65,42 @@ std::vector<KvContour> ReadAll(XML_PARSER& parser)
     return contours;
 }
 
+bool Load(XML_PARSER& parser, const QByteArray& xml)
+{
+    return parser.Load_XML_Buffer(xml.constData(), static_cast<size_t>(xml.size())) != 0;
+}
+
+// Loads the longest beginning of a damaged file that ends with a contour. How long it is; 0 if there is none.
+qsizetype LoadWholeContours(XML_PARSER& parser, const QByteArray& xml)
+{
+    const QByteArray end = "</Contour>";
+    std::vector<qsizetype> ends;
+    for (qsizetype at = xml.indexOf(end); at >= 0; at = xml.indexOf(end, at + end.size()))
+        ends.push_back(at + end.size());
+    const auto loads = [&](qsizetype length) { return Load(parser, xml.left(length) + "</Contours>"); };
+    const auto firstBad = std::partition_point(ends.begin(), ends.end(), loads);
+    if (firstBad == ends.begin())
+        return 0;
+    loads(*std::prev(firstBad));
+    return *std::prev(firstBad);
+}
+
+// The line on which the first thing behind a place stands.
+qsizetype LineBehind(const QByteArray& xml, qsizetype place)
+{
+    while (place < xml.size() && std::isspace(static_cast<unsigned char>(xml[place])))
+        ++place;
+    return xml.left(place).count('\n') + 1;
+}
+
+int LineOfDamage(const QByteArray& xml)
+{
+    XML_PARSER parser;
+    Load(parser, xml);
+    const KvN::XML_LINES lines(parser, {xml.constData(), static_cast<size_t>(xml.size())});
+    return std::max(lines.At(parser.Get_ErrorOffset()), 1);
+}
+
 KvTList<KvContour> ToList(const std::vector<KvContour>& contours)
 {
     KvTList<KvContour> list;
@@ -90,11 +127,24 @@ ContourFile ReadContours(const QString& path)
 {
     ContourFile file;
     XML_PARSER parser;
-    if (!QFileInfo(path).isReadable())
+    QFile source(path);
+    if (!source.open(QIODevice::ReadOnly))
+    {
         file.failure = Text(IDS_WB_ERROR_MISSING);
-    else if (!parser.Load_XML_File(path.toStdString()))
-        file.failure = QString::fromStdString(parser.Get_ErrorText());
-    else if (!parser.Go_to_Root() || !parser.Is_CurrentName("Contours"))
+        return file;
+    }
+    const QByteArray xml = source.readAll();
+    if (!Load(parser, xml))
+    {
+        const qsizetype good = LoadWholeContours(parser, xml);
+        if (good == 0)
+        {
+            file.failure = Text(IDS_WB_ERROR_BROKEN, LineOfDamage(xml));
+            return file;
+        }
+        file.skipped << Text(IDS_WB_SKIPPED_REST, LineBehind(xml, good));
+    }
+    if (!parser.Go_to_Root() || !parser.Is_CurrentName("Contours"))
         file.failure = Text(IDS_WB_ERROR_NO_CONTOURS);
     else if (parser.Go_to_Child("Contour"))
         TakeOver(ReadAll(parser), file);
@@ -119,8 +169,7 @@ std::vector<KvContour> ContoursFromXml(const QByteArray& xml)
 {
     ContourFile file;
     XML_PARSER parser;
-    if (parser.Load_XML_Buffer(xml.constData(), static_cast<size_t>(xml.size())) && parser.Go_to_Root() &&
-        parser.Go_to_Child("Contour"))
+    if (Load(parser, xml) && parser.Go_to_Root() && parser.Go_to_Child("Contour"))
         TakeOver(ReadAll(parser), file);
     return file.contours;
 }
