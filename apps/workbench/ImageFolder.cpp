@@ -4,6 +4,7 @@
 #include <QCollator>
 #include <QDir>
 #include <QFileInfo>
+#include <QLocale>
 
 #include <algorithm>
 
@@ -25,7 +26,7 @@ QString NeighbourImage(const QString& path, int step)
     const QFileInfo info(path);
     const QDir folder = info.absoluteDir();
     QStringList names = folder.entryList(ImagePatterns(), QDir::Files);
-    QCollator byNumber;
+    QCollator byNumber{QLocale(QLocale::German)}; // the C locale knows no numbers in names
     byNumber.setNumericMode(true);
     std::sort(names.begin(), names.end(), byNumber);
     const qsizetype wanted = names.indexOf(info.fileName()) + step;
