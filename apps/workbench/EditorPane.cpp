@@ -123,6 +123,7 @@ void EditorPane::Private::Connect()
 
 void EditorPane::Private::Tell(KvContourWnd::eOperation)
 {
+    figure = nullptr; // the editor counts as editing until its signals are out
     if (std::exchange(changed, false))
         emit pane.ContoursChanged();
     emit pane.SelectionChanged();

@@ -10,6 +10,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QTableView>
 #include <QToolBar>
@@ -134,8 +135,15 @@ void MainWindow::BuildDock()
     list->setSelectionBehavior(QAbstractItemView::SelectRows);
     list->setSelectionMode(QAbstractItemView::SingleSelection);
     list->verticalHeader()->hide();
+    list->setWordWrap(false);
     list->horizontalHeader()->setStretchLastSection(true);
+    list->horizontalHeader()->setResizeContentsPrecision(
+        0); // measures what is visible, however many contours there are
     connect(pane, &EditorPane::ContoursShown, list, &QTableView::resizeColumnsToContents);
+    connect(table, &ContourTable::rowsInserted, list, &QTableView::resizeColumnsToContents);
+    // The editor takes the key itself while it has the focus.
+    connect(new QShortcut(Qt::Key_Delete, list, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
+            &MainWindow::Delete);
     connect(list->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& row) { pane->Select(row.row()); });
     connect(list, &QTableView::doubleClicked, this, &MainWindow::EditCell);
