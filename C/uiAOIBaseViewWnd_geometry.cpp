@@ -36,6 +36,12 @@ short RoundedLength(double length)
     return Low16(Truncated(length + 0.5));
 }
 
+// Sixteen bits hold the sum, read without sign: the longest side there is has room for its bar.
+int WithBar(short length, int thickness)
+{
+    return static_cast<unsigned short>(length + thickness);
+}
+
 CSize ClientSize(const CWnd& wnd)
 {
     CRect client;
@@ -221,8 +227,8 @@ void KvAOIBaseViewWnd::FResizeBaseWindow()
     CSize thickness;
     GetScrollBarState(host, bars, range, move, TRUE);
     GetScrollBarSizes(thickness);
-    const short width = bars.cy ? Low16(needed.width + thickness.cx) : needed.width;
-    const short height = bars.cx ? Low16(needed.height + thickness.cy) : needed.height;
+    const int width = WithBar(needed.width, bars.cy ? thickness.cx : 0);
+    const int height = WithBar(needed.height, bars.cx ? thickness.cy : 0);
 
     CFrameWnd* frame = GetParentFrame();
     if (frame && aoi)
@@ -231,7 +237,7 @@ void KvAOIBaseViewWnd::FResizeBaseWindow()
         frame->GetWindowRect(&place);
         if (CWnd* parent = frame->GetParent())
             parent->ScreenToClient(&place);
-        frame->MoveWindow(place.left, place.top, std::min<int>(width, host.cx), std::min<int>(height, host.cy), FALSE);
+        frame->MoveWindow(place.left, place.top, std::min(width, host.cx), std::min(height, host.cy), FALSE);
         OnUpdate(nullptr, 0, nullptr);
     }
     else if (frame)

@@ -180,20 +180,70 @@ void Scrolling(benchmark::State& state, CSize client, int extent, Path path)
         scene.Frame();
 }
 
-BENCHMARK_CAPTURE(View, direct, Direct, false)->DenseRange(0, 3)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(View, buffered, Buffered, false)->DenseRange(0, 3)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(View, persistent, Persistent, false)->DenseRange(0, 3)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Peer, qpainter, false)->DenseRange(0, 3)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(View, direct_outlines, Direct, true)->DenseRange(0, 3)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(View, buffered_outlines, Buffered, true)->DenseRange(0, 3)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(View, persistent_outlines, Persistent, true)->DenseRange(0, 3)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Peer, qpainter_outlines, true)->DenseRange(0, 3)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Scrolling, small_aoi_direct, CSize(1600, 1000), 2000, Direct)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Scrolling, largest_aoi_direct, CSize(1600, 1000), 32767, Direct)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Scrolling, small_aoi_buffered, CSize(1600, 1000), 2000, Buffered)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Scrolling, largest_aoi_buffered, CSize(1600, 1000), 32767, Buffered)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Scrolling, large_window_direct, CSize(3840, 2160), 8000, Direct)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Scrolling, large_window_buffered, CSize(3840, 2160), 8000, Buffered)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(View, direct, Direct, false)
+    ->DenseRange(0, 3)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(View, buffered, Buffered, false)
+    ->DenseRange(0, 3)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(View, persistent, Persistent, false)
+    ->DenseRange(0, 3)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Peer, qpainter, false)
+    ->DenseRange(0, 3)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(View, direct_outlines, Direct, true)
+    ->DenseRange(0, 3)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(View, buffered_outlines, Buffered, true)
+    ->DenseRange(0, 3)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(View, persistent_outlines, Persistent, true)
+    ->DenseRange(0, 3)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Peer, qpainter_outlines, true)
+    ->DenseRange(0, 3)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Scrolling, small_aoi_direct, CSize(1600, 1000), 2000, Direct)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Scrolling, largest_aoi_direct, CSize(1600, 1000), 32767, Direct)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Scrolling, small_aoi_buffered, CSize(1600, 1000), 2000, Buffered)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Scrolling, largest_aoi_buffered, CSize(1600, 1000), 32767, Buffered)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Scrolling, large_window_direct, CSize(3840, 2160), 8000, Direct)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Scrolling, large_window_buffered, CSize(3840, 2160), 8000, Buffered)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
 } // namespace
 
 int main(int argc, char** argv)

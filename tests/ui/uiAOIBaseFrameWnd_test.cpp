@@ -33,6 +33,20 @@ TEST(AOIFrame, IsNeverLargerThanTheHost)
     EXPECT_LT(client.Height(), 200);
 }
 
+TEST(AOIFrame, TheLongestSideHasRoomForItsBar)
+{
+    const auto aoi = Ramp(32767, 3);
+    const AOIWindow aoiWindow(CSize(300, 200));
+    aoiWindow.View().SetAOI(aoi.get());
+    EXPECT_EQ(aoiWindow.Frame().Width(), 300);
+    aoiWindow.View().SetAOIPos({32000, 0});
+    EXPECT_EQ(aoiWindow.View().GetLogicPoint({0, 0}), (KvTPoint<short>(32000, 0)));
+    EXPECT_EQ(aoiWindow.Shown(32000, 1), 0x010101u);
+    const auto high = Ramp(3, 32767);
+    aoiWindow.View().SetAOI(high.get());
+    EXPECT_EQ(aoiWindow.Frame().Height(), 200);
+}
+
 TEST(AOIFrame, FollowsZoomAndHost)
 {
     const auto aoi = Ramp(100, 50);
