@@ -51,7 +51,7 @@ key F2; click 150 240; drag 150 220 260 420
 picture verschieben
 click 430 250; key F3
 picture punkte
-key F2; double 885 110; xdotool type --delay 40 "Kratzer"; key Return
+key F2; double 1002 110; xdotool type --delay 40 "Kratzer"; key Return
 picture liste
 key ctrl+s
 picture speichern
