@@ -79,20 +79,50 @@ void drawWalk(const Sink& sink, const LineWalk& walk)
         runWalk<Sink, std::int64_t>(sink, walk);
 }
 
+// A line with both ends inside; coordinates are those of pixels of a target, so nothing overflows.
+template <class Sink>
+void insideLine(const Sink& sink, POINT from, POINT to)
+{
+    const int dx = to.x - from.x, dy = to.y - from.y;
+    const int width = dx < 0 ? -dx : dx, height = dy < 0 ? -dy : dy;
+    if (height == 0)
+    {
+        if (dx > 0)
+            sink.span(from.y, from.x, to.x);
+        else if (dx < 0)
+            sink.span(from.y, to.x + 1, from.x + 1);
+        return;
+    }
+    const int sx = dx < 0 ? -1 : 1, sy = dy < 0 ? -1 : 1;
+    const bool flat = width >= height;
+    const int length = flat ? width : height;
+    if (length >= 1 << 28)
+    {
+        drawWalk(sink, wholeLine(from, to));
+        return;
+    }
+    auto cursor = flat ? sink.cursor(from.x, from.y, {sx, 0}, {0, sy}) : sink.cursor(from.x, from.y, {0, sy}, {sx, 0});
+    const int slope = 2 * (flat ? height : width), limit = 2 * length;
+    // Half a pixel, less the least bit where a tie must not be rounded up in the direction of travel, less the limit.
+    int error = length - ((flat ? sy : sx) > 0) - limit;
+    for (int n = length; n > 0; --n)
+    {
+        cursor.plot();
+        error += slope;
+        const bool diagonal = error >= 0;
+        error -= diagonal ? limit : 0;
+        cursor.advance(diagonal);
+    }
+}
+
 } // namespace detail
 
 template <class Sink>
 void line(const Sink& sink, const RECT& clip, POINT from, POINT to)
 {
     if (detail::inside(from, clip) && detail::inside(to, clip))
-    {
-        const LineWalk walk = detail::wholeLine(from, to);
-        if (walk.count > 0)
-            detail::drawWalk(sink, walk);
-        return;
-    }
-    LineWalk walk;
-    if (clipLine(from, to, clip, walk))
+        detail::insideLine(sink, from, to);
+    else if (LineWalk walk; clipLine(from, to, clip, walk))
         detail::drawWalk(sink, walk);
 }
 
@@ -102,10 +132,20 @@ void polyline(const Sink& sink, const RECT& clip, std::span<const POINT> points,
 {
     if (points.empty())
         return;
-    for (std::size_t i = 0; i + 1 < points.size(); ++i)
-        line(sink, clip, points[i], points[i + 1]);
-    if (closed)
-        line(sink, clip, points.back(), points.front());
+    POINT from = points.front();
+    bool fromInside = detail::inside(from, clip);
+    const std::size_t count = points.size();
+    for (std::size_t i = 1; i < count + closed; ++i)
+    {
+        const POINT to = points[i < count ? i : 0];
+        const bool toInside = detail::inside(to, clip);
+        if (fromInside && toInside)
+            detail::insideLine(sink, from, to);
+        else if (LineWalk walk; clipLine(from, to, clip, walk))
+            detail::drawWalk(sink, walk);
+        from = to;
+        fromInside = toInside;
+    }
 }
 
 } // namespace kv::raster

@@ -7,10 +7,10 @@
 #pragma once
 
 #include "platform/gdi/gdi_types.h"
+#include "platform/gdi/raster/fill_bytes.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 
 namespace kv::raster
 {
@@ -52,33 +52,7 @@ struct ByteFill
     Rows<std::uint8_t> rows;
     std::uint8_t value;
 
-    void span(int y, int from, int to) const
-    {
-        std::uint8_t* p = rows.at(from, y);
-        const std::size_t count = std::size_t(to - from);
-        if (count > 16)
-        {
-            std::memset(p, value, count);
-            return;
-        }
-        const std::uint64_t word = value * 0x0101010101010101u;
-        if (count >= 8)
-        {
-            std::memcpy(p, &word, 8);
-            std::memcpy(p + count - 8, &word, 8);
-        }
-        else if (count >= 4)
-        {
-            std::memcpy(p, &word, 4);
-            std::memcpy(p + count - 4, &word, 4);
-        }
-        else
-        {
-            p[0] = value;
-            p[count - 1] = value;
-            p[count / 2] = value;
-        }
-    }
+    void span(int y, int from, int to) const { fillBytes(rows.at(from, y), value, std::size_t(to - from)); }
     StoreCursor<std::uint8_t> cursor(int x, int y, Step major, Step minor) const
     {
         return {reinterpret_cast<std::uintptr_t>(rows.at(x, y)), rows.offset(major), rows.offset(minor), value};

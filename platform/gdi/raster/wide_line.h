@@ -24,6 +24,50 @@ struct Quadrangle
 };
 Quadrangle slantedSegment(const Segment& segment, const Segment& line, int width);
 
+namespace detail
+{
+
+// An edge from a point along a vector that leads down.
+inline NearEdge edgeAlong(POINT from, const NearEdge& vector)
+{
+    NearEdge edge = vector;
+    edge.x = from.x;
+    edge.top = from.y;
+    edge.bottom = from.y + vector.height;
+    return edge;
+}
+
+} // namespace detail
+
+// Opposite sides of a quadrangle are equal, so that two of its four edges are computed.
+template <class Sink>
+void fillQuadrangle(const Sink& sink, const RECT& clip, const Quadrangle& q, PolygonFiller& filler)
+{
+    const POINT* const c = q.corners;
+    const std::size_t top = c[0].y < c[1].y ? (c[0].y < c[3].y ? 0 : 3) : c[1].y < c[2].y ? 1 : 2;
+    const POINT a = c[top], b = c[(top + 1) % 4], d = c[(top + 3) % 4], far = c[(top + 2) % 4];
+    const bool inside = isNear(a) && isNear(far) && a.y >= clip.top && far.y <= clip.bottom && b.y > a.y && d.y > a.y;
+    NearEdge along, across;
+    if (!inside || !makeEdge(along, a, b, clip) || !makeEdge(across, a, d, clip))
+    {
+        filler.fill(sink, clip, q.corners, FillRule::Winding);
+        return;
+    }
+    NearEdge one = along, other = across;
+    const int first = std::min(b.y, d.y), second = std::max(b.y, d.y);
+    detail::fillBetween(sink, clip, one, other, a.y, first);
+    if (b.y == first)
+        one = detail::edgeAlong(b, across);
+    else
+        other = detail::edgeAlong(d, along);
+    detail::fillBetween(sink, clip, one, other, first, second);
+    if (first == second || b.y == first)
+        other = detail::edgeAlong(d, along);
+    else
+        one = detail::edgeAlong(b, across);
+    detail::fillBetween(sink, clip, one, other, second, far.y);
+}
+
 class WidePen
 {
 public:
@@ -51,6 +95,12 @@ public:
                PolygonFiller& filler) const;
 
 private:
+    bool isDotInside(const RECT& clip, std::int64_t left, std::int64_t top) const
+    {
+        return size <= tableLimit && left >= clip.left && left + size <= clip.right && top >= clip.top &&
+               top + size <= clip.bottom;
+    }
+
     static constexpr int tableLimit = 1 << 16; // the dots of wider pens are computed where they are needed
 
     int size;
@@ -72,6 +122,14 @@ template <class Sink>
 void WidePen::dot(const Sink& sink, const RECT& clip, POINT center) const
 {
     const std::int64_t left = std::int64_t(center.x) - size / 2, top = std::int64_t(center.y) - size / 2;
+    if (isDotInside(clip, left, top))
+    {
+        const int x = int(left);
+        int y = int(top);
+        for (const EllipseRow& row : dotRows)
+            sink.span(y++, x + row.first, x + size - row.first);
+        return;
+    }
     if (left >= clip.right || left + size <= clip.left)
         return;
     if (size > tableLimit)
@@ -103,7 +161,7 @@ void WidePen::piece(const Sink& sink, const RECT& clip, const Segment& part, con
     else if (line.from.x == line.to.x)
         box(sink, clip, from.x - half, std::min(from.y, to.y), from.x - half + size, std::max(from.y, to.y));
     else
-        filler.fill(sink, clip, slantedSegment(part, line, size).corners, FillRule::Alternate);
+        fillQuadrangle(sink, clip, slantedSegment(part, line, size), filler);
 }
 
 template <class Sink>
