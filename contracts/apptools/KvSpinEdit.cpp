@@ -5,6 +5,7 @@
 #include "platform/win/native/dispatch.h"
 
 #include <QDoubleSpinBox>
+#include <QLocale>
 
 #include <cstring>
 
@@ -22,6 +23,27 @@ constexpr const char* className = "{B42FB016-43F2-11D1-80C0-000000000000}";
 constexpr double lowest = 1;
 constexpr double usualHighest = 100;
 
+// Shows whole numbers as such, and fractions as far as there are any.
+class SpinBox : public QDoubleSpinBox
+{
+public:
+    explicit SpinBox(QWidget* parentWidget) : QDoubleSpinBox(parentWidget)
+    {
+        setDecimals(3);
+        setRange(lowest, usualHighest);
+        setSingleStep(1);
+        setValue(lowest);
+        setContextMenuPolicy(Qt::PreventContextMenu);
+    }
+
+    QString textFromValue(double value) const override
+    {
+        QLocale plain = locale();
+        plain.setNumberOptions(QLocale::OmitGroupSeparator);
+        return plain.toString(value, 'g', 6);
+    }
+};
+
 class SpinWindow : public ControlWindow
 {
 public:
@@ -29,12 +51,7 @@ public:
 
     QWidget* MakeWidget(QWidget* parentWidget, Qt::WindowFlags) override
     {
-        auto* box = new QDoubleSpinBox(parentWidget);
-        box->setDecimals(0);
-        box->setRange(lowest, usualHighest);
-        box->setSingleStep(1);
-        box->setValue(lowest);
-        box->setContextMenuPolicy(Qt::PreventContextMenu);
+        auto* box = new SpinBox(parentWidget);
         QObject::connect(box, &QDoubleSpinBox::valueChanged, [this](double value) { Fire(value); });
         return box;
     }

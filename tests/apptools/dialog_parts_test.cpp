@@ -123,6 +123,15 @@ TEST_F(Parts, SettingASpinEditFiresEachTimeAndKeepsTheRange)
     EXPECT_EQ(spin.GetValue(), 1.0);
 }
 
+TEST_F(Parts, ASpinEditKeepsFractions)
+{
+    KvSpinEdit spin;
+    BindSpin(spin);
+    spin.SetValue(12.5);
+    EXPECT_EQ(spin.GetValue(), 12.5);
+    EXPECT_THAT(top.values, testing::ElementsAre(12.5));
+}
+
 TEST_F(Parts, TypingAndSteppingASpinEditFires)
 {
     KvSpinEdit spin;
