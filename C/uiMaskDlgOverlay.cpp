@@ -173,7 +173,8 @@ void KvMaskDlgOverlay::ShowControl(int id, int show)
 
 void KvMaskDlgOverlay::ShowLegend()
 {
-    for (const int id : {IDC_MASK_SURROUND_LABEL, IDC_MASK_DEFECT_LABEL, IDC_MASK_DEFECT_COLOR, IDC_MASK_SURROUND_COLOR})
+    for (const int id :
+         {IDC_MASK_SURROUND_LABEL, IDC_MASK_DEFECT_LABEL, IDC_MASK_DEFECT_COLOR, IDC_MASK_SURROUND_COLOR})
         ShowControl(id, showSurrounding);
     for (const int id : {IDC_MASK_SHOWSYSTEM, IDC_MASK_DISPLAY_GROUP})
         ShowControl(id, showSystemMaskOption);

@@ -97,7 +97,8 @@ void CDrawButtonMask::DrawItem(LPDRAWITEMSTRUCT item)
     unsigned long surroundColor = 0;
     parent->GetColors(defectColor, surroundColor);
     CDC& dc = *CDC::FromHandle(item->hDC);
-    const auto fill = [&dc](const CRect& rect, unsigned long color) {
+    const auto fill = [&dc](const CRect& rect, unsigned long color)
+    {
         CBrush brush(static_cast<COLORREF>(color));
         const SelectedObject selected(dc, brush);
         dc.PatBlt(rect.left, rect.top, rect.Width(), rect.Height(), PATCOPY);

@@ -67,11 +67,14 @@ void KvMaskWnd::UpdateRasteredDC(CDC& mask, CDC& andDC, CDC& paintDC, CBrush& co
 {
     const short w = maskRect.Width();
     const short h = maskRect.Height();
-    const auto fill = [&](CDC& dc, const CBrush& brush, int rop) {
-        DrawWith(dc, whitePen, brush, [&] {
-            dc.SetROP2(rop);
-            dc.Rectangle(maskRect.left, maskRect.top, maskRect.right + 1, maskRect.bottom + 1);
-        });
+    const auto fill = [&](CDC& dc, const CBrush& brush, int rop)
+    {
+        DrawWith(dc, whitePen, brush,
+                 [&]
+                 {
+                     dc.SetROP2(rop);
+                     dc.Rectangle(maskRect.left, maskRect.top, maskRect.right + 1, maskRect.bottom + 1);
+                 });
     };
     andDC.BitBlt(0, 0, w, h, &mask, 0, 0, SRCCOPY);
     fill(andDC, whiteBrush, R2_XORPEN);
@@ -81,8 +84,13 @@ void KvMaskWnd::UpdateRasteredDC(CDC& mask, CDC& andDC, CDC& paintDC, CBrush& co
     fill(paintDC, colour, R2_MASKPEN);
 }
 
-void KvMaskWnd::ShowUserRaster()
+void KvMaskWnd::ShowUserRaster(const CRect& changed)
 {
+    // Each pixel of the pair depends on the same pixel of the mask alone: a clip saves the passes over all others.
+    const SavedContext unclippedAnd(userAndDC);
+    const SavedContext unclippedPaint(userPaintDC);
+    userAndDC.IntersectClipRect(&changed);
+    userPaintDC.IntersectClipRect(&changed);
     UpdateRasteredDC(userMaskDC, userAndDC, userPaintDC, userBrush);
     InvalidateView();
 }

@@ -37,7 +37,7 @@ protected:
     void UpdateRasteredDC(CDC& mask, CDC& andDC, CDC& paintDC, CBrush& colour);
     // Shows layers and figure on the view's output device; with `refresh`, repaints the view first.
     void Repaint(int refresh);
-    void ShowUserRaster() override;
+    void ShowUserRaster(const CRect& changed) override;
 
     CBrush hatchBrush;
     KvMaskRaster userAndDC;

@@ -130,15 +130,25 @@ void KvMaskWndBase::ActOnWholeMask()
     const bool invert = tool == MaskToolInvert;
     const CPen& pen = invert ? whitePen : *nullPen;
     const CBrush& brush = tool == MaskToolClear ? blackBrush : whiteBrush;
-    DrawWith(userMaskDC, pen, brush, [&] {
-        userMaskDC.SetROP2(invert ? R2_XORPEN : R2_COPYPEN);
-        // The null pen stops one pixel short at right and bottom: the margin reaches the mask's edge.
-        userMaskDC.Rectangle(maskRect.left - 1, maskRect.top - 1, maskRect.right + 2, maskRect.bottom + 2);
-    });
-    ShowUserRaster();
+    DrawWith(userMaskDC, pen, brush,
+             [&]
+             {
+                 userMaskDC.SetROP2(invert ? R2_XORPEN : R2_COPYPEN);
+                 // The null pen stops one pixel short at right and bottom: the margin reaches the mask's edge.
+                 userMaskDC.Rectangle(maskRect.left - 1, maskRect.top - 1, maskRect.right + 2, maskRect.bottom + 2);
+             });
+    ShowUserRaster(CRect(CPoint(0, 0), CSize(maskSize.width, maskSize.height)));
 }
 
 // ---- The figure's way into the raster
+
+CRect KvMaskWndBase::Reach(const CRect& bounds) const
+{
+    CRect reach = bounds;
+    reach.NormalizeRect();
+    reach.InflateRect(lineWidth + 2, lineWidth + 2);
+    return reach;
+}
 
 template <class Draw>
 void KvMaskWndBase::Burn(Draw draw)
@@ -148,28 +158,33 @@ void KvMaskWndBase::Burn(Draw draw)
     CBrush hollow;
     hollow.CreateStockObject(NULL_BRUSH);
     const CBrush& brush = !described.filled ? hollow : described.adds ? whiteBrush : blackBrush;
-    DrawWith(userMaskDC, *pen, brush, [&] {
-        userMaskDC.SetROP2(R2_COPYPEN);
-        draw(userMaskDC);
-    });
+    DrawWith(userMaskDC, *pen, brush,
+             [&]
+             {
+                 userMaskDC.SetROP2(R2_COPYPEN);
+                 draw(userMaskDC);
+             });
 }
 
 void KvMaskWndBase::IntegrateFigure()
 {
     const MaskTool described = DescribeMaskTool(tool);
     if (described.IsBox())
-        Burn([&](CDC& dc) {
-            KvTRectangle<short> r = figure.GetRect();
-            if (described.shape == MaskShape::Circle)
-                r = GetSquare(r, 2);
-            if (described.shape == MaskShape::Rectangle)
-                dc.Rectangle(r.left, r.top, r.right + 1, r.bottom + 1);
-            else
-                dc.Ellipse(r.left, r.top, r.right + 1, r.bottom + 1);
-        });
+        Burn(
+            [&](CDC& dc)
+            {
+                KvTRectangle<short> r = figure.GetRect();
+                if (described.shape == MaskShape::Circle)
+                    r = GetSquare(r, 2);
+                if (described.shape == MaskShape::Rectangle)
+                    dc.Rectangle(r.left, r.top, r.right + 1, r.bottom + 1);
+                else
+                    dc.Ellipse(r.left, r.top, r.right + 1, r.bottom + 1);
+            });
     changeMode = 0;
     figure.Hide();
-    ShowUserRaster();
+    const KvTRectangle<short>& bounds = figure.GetRect();
+    ShowUserRaster(Reach(CRect(bounds.left, bounds.top, bounds.right, bounds.bottom)));
 }
 
 void KvMaskWndBase::DeleteFigure()
@@ -183,14 +198,20 @@ void KvMaskWndBase::FinishPolygon()
 {
     polygonOpen = 0;
     ReleaseCapture();
-    Burn([&](CDC& dc) {
-        if (DescribeMaskTool(tool).shape == MaskShape::Polygon)
-            dc.Polygon(polygon, polygon.GetSize());
-        else
-            dc.Polyline(polygon, polygon.GetSize());
-    });
+    Burn(
+        [&](CDC& dc)
+        {
+            if (DescribeMaskTool(tool).shape == MaskShape::Polygon)
+                dc.Polygon(polygon, polygon.GetSize());
+            else
+                dc.Polyline(polygon, polygon.GetSize());
+        });
     isDrawing = 0;
-    ShowUserRaster();
+    CRect bounds(polygon[0], polygon[0]);
+    for (unsigned short i = 1; i < polygon.GetSize(); ++i)
+        bounds = CRect(std::min(bounds.left, polygon[i].x), std::min(bounds.top, polygon[i].y),
+                       std::max(bounds.right, polygon[i].x), std::max(bounds.bottom, polygon[i].y));
+    ShowUserRaster(Reach(bounds));
 }
 
 // ---- Geometry

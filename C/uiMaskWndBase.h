@@ -94,8 +94,8 @@ protected:
 
     explicit KvMaskWndBase(FailureSite bandFailure_) : bandFailure(bandFailure_) {}
 
-    // Brings a changed user raster to the screen.
-    virtual void ShowUserRaster() = 0;
+    // Brings the user raster to the screen; only the pixels of `changed` differ from what was shown before.
+    virtual void ShowUserRaster(const CRect& changed) = 0;
 
     void CallChangeModeHdl();
     // A square inside `rect`, cut at its longer side. Modes 1 to 4 choose the corner that stays: left bottom, left top,
@@ -156,6 +156,8 @@ private:
     template <class Draw>
     void Burn(Draw draw);
     void ActOnWholeMask();
+    // What a figure in these bounds may have changed, its outline included.
+    CRect Reach(const CRect& bounds) const;
 
     BOOL DrawBand(CDC& dc, const KvTPoint<short>& from, const KvTPoint<short>& to) const;
     void DrawRubberLine(CDC& dc, const KvTPoint<short>& to) const;

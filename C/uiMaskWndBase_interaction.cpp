@@ -113,19 +113,21 @@ long long KvMaskWndBase::MouseButtonDownHdl(KvAOIBaseViewWnd* source)
     const MaskTool described = DescribeMaskTool(tool);
     CDC& dc = *view->GetOutputDevice();
     bool finished = false;
-    DrawWith(dc, *rubberPen, hollowBrush, [&] {
-        if (described.IsBox())
-            StartBand(dc, point);
-        else if (described.IsPolygonal() && !polygonOpen)
-            StartPolygon(dc, point);
-        else if (described.IsPolygonal())
-        {
-            AddVertex(dc, point);
-            finished = event.clicks == 2;
-            if (finished)
-                FinishPolygon();
-        }
-    });
+    DrawWith(dc, *rubberPen, hollowBrush,
+             [&]
+             {
+                 if (described.IsBox())
+                     StartBand(dc, point);
+                 else if (described.IsPolygonal() && !polygonOpen)
+                     StartPolygon(dc, point);
+                 else if (described.IsPolygonal())
+                 {
+                     AddVertex(dc, point);
+                     finished = event.clicks == 2;
+                     if (finished)
+                         FinishPolygon();
+                 }
+             });
     return 1;
 }
 
@@ -217,22 +219,24 @@ void KvMaskWndBase::MoveRubber(const KvTPoint<short>& point)
 {
     const MaskTool described = DescribeMaskTool(tool);
     CDC& dc = *view->GetOutputDevice();
-    DrawWith(dc, *rubberPen, hollowBrush, [&] {
-        dc.SetROP2(R2_XORPEN);
-        if (described.IsBox())
-        {
-            DrawBand(dc, startPoint, currentPoint);
-            DrawBand(dc, startPoint, point);
-        }
-        else if (described.IsPolygonal())
-        {
-            if (!skipRubberErase)
-                DrawRubberLine(dc, currentPoint);
-            skipRubberErase = 0;
-            DrawRubberLine(dc, point);
-        }
-        currentPoint = point;
-    });
+    DrawWith(dc, *rubberPen, hollowBrush,
+             [&]
+             {
+                 dc.SetROP2(R2_XORPEN);
+                 if (described.IsBox())
+                 {
+                     DrawBand(dc, startPoint, currentPoint);
+                     DrawBand(dc, startPoint, point);
+                 }
+                 else if (described.IsPolygonal())
+                 {
+                     if (!skipRubberErase)
+                         DrawRubberLine(dc, currentPoint);
+                     skipRubberErase = 0;
+                     DrawRubberLine(dc, point);
+                 }
+                 currentPoint = point;
+             });
 }
 
 // ---- Release
@@ -254,22 +258,25 @@ void KvMaskWndBase::PlaceFigure(const KvTPoint<short>& point)
 {
     const MaskTool described = DescribeMaskTool(tool);
     CDC& dc = *view->GetOutputDevice();
-    DrawWith(dc, *rubberPen, hollowBrush, [&] {
-        dc.SetROP2(R2_XORPEN);
-        isDrawing = 0;
-        ReleaseCapture();
-        // Required: of all drawing, only the band of the adding rectangle tools is checked.
-        if (!DrawBand(dc, startPoint, currentPoint) && described.shape == MaskShape::Rectangle && described.adds)
-            throw new KvGDIException(bandFailure.source, bandFailure.line, "CDC::Rectangle", GetLastError());
-        KvTRectangle<short> bounds(startPoint.x, startPoint.y, point.x, point.y);
-        if (described.shape == MaskShape::Circle)
-            bounds = GetSquare(bounds, 2);
-        figure.SetRect(Normalised(bounds));
-        figure.Show();
-        figure.Draw();
-        changeMode = 1;
-        CallChangeModeHdl();
-    });
+    DrawWith(dc, *rubberPen, hollowBrush,
+             [&]
+             {
+                 dc.SetROP2(R2_XORPEN);
+                 isDrawing = 0;
+                 ReleaseCapture();
+                 // Required: of all drawing, only the band of the adding rectangle tools is checked.
+                 if (!DrawBand(dc, startPoint, currentPoint) && described.shape == MaskShape::Rectangle &&
+                     described.adds)
+                     throw new KvGDIException(bandFailure.source, bandFailure.line, "CDC::Rectangle", GetLastError());
+                 KvTRectangle<short> bounds(startPoint.x, startPoint.y, point.x, point.y);
+                 if (described.shape == MaskShape::Circle)
+                     bounds = GetSquare(bounds, 2);
+                 figure.SetRect(Normalised(bounds));
+                 figure.Show();
+                 figure.Draw();
+                 changeMode = 1;
+                 CallChangeModeHdl();
+             });
 }
 
 void KvMaskWndBase::ReleaseFigure(const KvTPoint<short>& point)
@@ -286,7 +293,8 @@ void KvMaskWndBase::SetNewSize(const KvTPoint<short>& point)
     const bool circle = figure.GetToolType() == KvSurroundRect::ToolCircle;
     KvTRectangle<short> r = figure.GetRect();
     // A circle's corner keeps it square: `GetSquare` in the mode that moves just this corner.
-    const auto corner = [&](unsigned short mode) {
+    const auto corner = [&](unsigned short mode)
+    {
         if (circle)
             r = GetSquare(r, mode);
     };
@@ -345,11 +353,13 @@ void KvMaskWndBase::RedrawOpenPolygon()
     if (!polygonOpen)
         return;
     CDC& dc = *view->GetOutputDevice();
-    DrawWith(dc, *polygonPen, hollowBrush, [&] {
-        dc.SetROP2(R2_COPYPEN);
-        dc.Polyline(polygon, polygon.GetSize());
-        dc.SetROP2(R2_XORPEN);
-    });
+    DrawWith(dc, *polygonPen, hollowBrush,
+             [&]
+             {
+                 dc.SetROP2(R2_COPYPEN);
+                 dc.Polyline(polygon, polygon.GetSize());
+                 dc.SetROP2(R2_XORPEN);
+             });
     view->SetCapture();
     skipRubberErase = 1;
 }

@@ -50,10 +50,12 @@ void KvMaskWndDraggableNode::Draw(const KvTPoint<short>& centre)
     pos = centre;
     const KvTPoint<short> corner = Corner();
     CDC& dc = *view->GetOutputDevice();
-    DrawWith(dc, pen, brush, [&] {
-        dc.SetROP2(R2_XORPEN);
-        dc.Rectangle(corner.x, corner.y, corner.x + size.width, corner.y + size.height);
-    });
+    DrawWith(dc, pen, brush,
+             [&]
+             {
+                 dc.SetROP2(R2_XORPEN);
+                 dc.Rectangle(corner.x, corner.y, corner.x + size.width, corner.y + size.height);
+             });
 }
 
 int KvMaskWndDraggableNode::IsInside(const KvTPoint<short>& point) const
@@ -116,14 +118,16 @@ void KvSurroundRect::Draw()
     if (!visible)
         return;
     CDC& dc = *view->GetOutputDevice();
-    DrawWith(dc, *pen, brush, [&] {
-        dc.SetROP2(R2_XORPEN);
-        if (toolType == ToolCircle || toolType == ToolEllipse)
-            dc.Ellipse(rect.left, rect.top, rect.right + 1, rect.bottom + 1);
-        dc.Rectangle(rect.left, rect.top, rect.right + 1, rect.bottom + 1);
-        for (const auto& marker : markers)
-            marker->Draw(MarkerPlace(marker->GetId()));
-    });
+    DrawWith(dc, *pen, brush,
+             [&]
+             {
+                 dc.SetROP2(R2_XORPEN);
+                 if (toolType == ToolCircle || toolType == ToolEllipse)
+                     dc.Ellipse(rect.left, rect.top, rect.right + 1, rect.bottom + 1);
+                 dc.Rectangle(rect.left, rect.top, rect.right + 1, rect.bottom + 1);
+                 for (const auto& marker : markers)
+                     marker->Draw(MarkerPlace(marker->GetId()));
+             });
 }
 
 void KvSurroundRect::Draw(const KvTRectangle<short>& bounds)

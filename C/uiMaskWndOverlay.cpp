@@ -95,13 +95,15 @@ void KvMaskWndOverlay::UpdateMaskDC(KvAOI8* mask)
 
 void KvMaskWndOverlay::UpdateRasteredDC(CDC& mask, CBrush& colour)
 {
-    DrawWith(mask, *nullPen, colour, [&] {
-        mask.SetROP2(R2_MASKPEN);
-        mask.Rectangle(maskRect.left, maskRect.top, maskRect.right + 1, maskRect.bottom + 1);
-    });
+    DrawWith(mask, *nullPen, colour,
+             [&]
+             {
+                 mask.SetROP2(R2_MASKPEN);
+                 mask.Rectangle(maskRect.left, maskRect.top, maskRect.right + 1, maskRect.bottom + 1);
+             });
 }
 
-void KvMaskWndOverlay::ShowUserRaster()
+void KvMaskWndOverlay::ShowUserRaster(const CRect&)
 {
     UpdateRasteredDC(userMaskDC, userBrush);
     Repaint();

@@ -36,7 +36,7 @@ protected:
     void UpdateRasteredDC(CDC& mask, CBrush& colour);
     // Writes the rasters to the AOI and repaints the view.
     void Repaint();
-    void ShowUserRaster() override;
+    void ShowUserRaster(const CRect& changed) override;
 
     DECLARE_MESSAGE_MAP()
 

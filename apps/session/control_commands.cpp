@@ -111,7 +111,8 @@ void ControlValue(HWND control, double value, const std::string& id)
         throw CommandError("control " + id + " has no value");
     SendMessageW(control, TBM_SETPOS, TRUE, static_cast<LPARAM>(std::lround(value)));
     const auto position = static_cast<WPARAM>(SendMessageW(control, TBM_GETPOS, 0, 0));
-    SendMessageW(GetParent(control), WM_HSCROLL, (position << 16) | TB_THUMBPOSITION, reinterpret_cast<LPARAM>(control));
+    SendMessageW(GetParent(control), WM_HSCROLL, (position << 16) | TB_THUMBPOSITION,
+                 reinterpret_cast<LPARAM>(control));
 }
 
 void Control(Player& player, const Arguments& words)
@@ -176,9 +177,8 @@ void PrintControl(Player& player, const Arguments& words)
     const std::optional<double> value = ValueOf(control);
     player.Print("control " + words.Text(0) + " text=" + Quoted(GetWindowTextOf(control).Utf8()) +
                  " rect=" + Number(corner.x) + "," + Number(corner.y) + "," + Number(place.Width()) + "," +
-                 Number(place.Height()) + " visible=" + Bit(IsWindowVisible(control)) +
-                 " enabled=" + Bit(IsWindowEnabled(control)) +
-                 " checked=" + (HasCheck(control) ? Bit(IsChecked(control)) : "none") +
+                 Number(place.Height()) + " visible=" + Bit(IsWindowVisible(control)) + " enabled=" +
+                 Bit(IsWindowEnabled(control)) + " checked=" + (HasCheck(control) ? Bit(IsChecked(control)) : "none") +
                  " value=" + (value ? Number(*value) : "none"));
 }
 } // namespace

@@ -50,10 +50,7 @@ class MaskDialogContent : public MaskContent
 {
 public:
     explicit MaskDialogContent(KvN::KvMaskDlgBase& dialog_) : dialog(dialog_) {}
-    KvN::KvMaskWndBase* Mask() override
-    {
-        return dialog.GetMaskWnd().GetSafeHwnd() ? &dialog.GetMaskWnd() : nullptr;
-    }
+    KvN::KvMaskWndBase* Mask() override { return dialog.GetMaskWnd().GetSafeHwnd() ? &dialog.GetMaskWnd() : nullptr; }
 
 private:
     KvN::KvMaskDlgBase& dialog;

@@ -113,10 +113,10 @@ const std::map<std::string, Setting>& SettingsTable()
         {"defect", [](KvMaskDlgOverlay& d, Settings&, const Arguments& v) { SetDefect(d, v.Colour(0)); }},
         {"surround", [](KvMaskDlgOverlay& d, Settings&, const Arguments& v) { SetSurround(d, v.Colour(0)); }},
         {"lut", [](KvMaskDlgOverlay& d, Settings&, const Arguments& v) { d.SetOLutName(v.Text(0).c_str()); }},
-        {"fitted", [](KvMaskDlgOverlay& d, Settings&, const Arguments& v)
-         { d.SetDefaultFittedToWindow(v.ZeroOne(0)); }},
-        {"aspect", [](KvMaskDlgOverlay& d, Settings&, const Arguments& v)
-         { d.SetDefaultAspectRatioMaintained(v.ZeroOne(0)); }},
+        {"fitted",
+         [](KvMaskDlgOverlay& d, Settings&, const Arguments& v) { d.SetDefaultFittedToWindow(v.ZeroOne(0)); }},
+        {"aspect",
+         [](KvMaskDlgOverlay& d, Settings&, const Arguments& v) { d.SetDefaultAspectRatioMaintained(v.ZeroOne(0)); }},
         {"zoom", [](KvMaskDlgOverlay& d, Settings&, const Arguments& v) { d.SetDefaultZoomFactor(v.Number(0)); }}};
     return table;
 }

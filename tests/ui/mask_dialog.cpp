@@ -4,8 +4,8 @@
 #include "platform/win/modal.h"
 
 #include <fstream>
-#include <unistd.h>
 #include <sstream>
+#include <unistd.h>
 
 using namespace KvN;
 
@@ -58,12 +58,14 @@ INT_PTR RunDialog(CDialog& dialog, const std::function<void()>& act)
 {
     bool acted = false;
     kv::win::ResetInput();
-    kv::win::SetModalHook([&] {
-        if (!std::exchange(acted, true))
-            act();
-        else
-            dialog.EndDialog(IDCANCEL);
-    });
+    kv::win::SetModalHook(
+        [&]
+        {
+            if (!std::exchange(acted, true))
+                act();
+            else
+                dialog.EndDialog(IDCANCEL);
+        });
     try
     {
         const INT_PTR result = dialog.DoModal();

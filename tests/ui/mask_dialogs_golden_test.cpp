@@ -37,11 +37,13 @@ TEST(MaskDialogPictures, PlainDialogWithBothLayersAndAPlacedFigure)
     const ConfigFile config("[Mask]\nToolId=17\nIncTools=FALSE\nLineWidth=4\nShowSystemMask=TRUE\n");
     KvMaskDlg dialog;
     dialog.Init(config.Name(), image.get(), mask.get());
-    RunDialog(dialog, [&] {
-        ExpectGolden(dialog, "mask_dialog");
-        DragInDialog(dialog, 30, 30, 120, 90);
-        ExpectGolden(dialog, "mask_dialog_placed");
-    });
+    RunDialog(dialog,
+              [&]
+              {
+                  ExpectGolden(dialog, "mask_dialog");
+                  DragInDialog(dialog, 30, 30, 120, 90);
+                  ExpectGolden(dialog, "mask_dialog_placed");
+              });
 }
 
 TEST(MaskDialogPictures, OverlayDialogWithLegendAndThresholdGroup)
@@ -56,9 +58,11 @@ TEST(MaskDialogPictures, OverlayDialogWithLegendAndThresholdGroup)
     dialog.SetDefaultFittedToWindow(0);
     dialog.SetDefaultZoomFactor(2);
     dialog.Init(config.Name(), image.get(), mask.get());
-    RunDialog(dialog, [&] {
-        ExpectGolden(dialog, "mask_overlay_dialog");
-        dialog.SetWindowPos(nullptr, 0, 0, 800, 500, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-        ExpectGolden(dialog, "mask_overlay_dialog_small");
-    });
+    RunDialog(dialog,
+              [&]
+              {
+                  ExpectGolden(dialog, "mask_overlay_dialog");
+                  dialog.SetWindowPos(nullptr, 0, 0, 800, 500, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+                  ExpectGolden(dialog, "mask_overlay_dialog_small");
+              });
 }

@@ -29,9 +29,9 @@ std::vector<unsigned char> Bytes(const KvN::KvAOI8& aoi);
 class OpenMaskWnd : public KvN::KvMaskWnd
 {
 public:
-    using KvMaskWnd::GetSquare;
     using KvMaskWnd::dragCursor;
     using KvMaskWnd::figure;
+    using KvMaskWnd::GetSquare;
     using KvMaskWnd::polygon;
     using KvMaskWnd::skipRubberErase;
     using KvMaskWnd::userAndDC;
@@ -108,7 +108,6 @@ public:
     }
     unsigned Shown(int x, int y) const { return kv::win::ShownPixel(View().m_hWnd, Client(x, y)) & 0xFFFFFF; }
     Picture Screen() const { return kv::win::PictureOf(View().m_hWnd).pixels; }
-
 
     KvN::KvAOI8& mask;
     std::unique_ptr<KvN::KvBufferAOI8> image;

@@ -51,7 +51,8 @@ protected:
     }
     INT_PTR Run(const std::string& configuration, const std::function<void(OpenOverlayDlg&)>& act)
     {
-        return Run(configuration, [](OpenOverlayDlg&) {}, act);
+        return Run(
+            configuration, [](OpenOverlayDlg&) {}, act);
     }
     // The dialog of this run; a new one each time that it is asked for anew.
     OpenOverlayDlg& dialog() { return *current; }
@@ -61,8 +62,8 @@ protected:
     {
         NewDialog();
         const auto before = Bytes(*mask);
-        const KeyFailure failure = KeyFailureOf(
-            [&] { Run(configuration, [](OpenOverlayDlg&) { ADD_FAILURE() << "the dialog opened"; }); });
+        const KeyFailure failure =
+            KeyFailureOf([&] { Run(configuration, [](OpenOverlayDlg&) { ADD_FAILURE() << "the dialog opened"; }); });
         EXPECT_EQ(failure.source, "C/uiMaskDlgOverlay") << configuration;
         EXPECT_EQ(failure.line, line) << configuration;
         EXPECT_EQ(failure.key, key) << configuration;
@@ -192,20 +193,22 @@ TEST_F(OverlayDlg, HandsOutItsTexts)
 
 TEST_F(OverlayDlg, OpensWithTheDefaultsOfAnEmptyConfiguration)
 {
-    Run("", [&](OpenOverlayDlg& d) {
-        EXPECT_NEAR(d.overlayStrength, 0.3, 1e-7);
-        EXPECT_EQ(d.GetDlgItem(36324)->SendMessage(TBM_GETPOS), 30);
-        EXPECT_FALSE(d.maskWnd.IsSystemMaskShown());
-        EXPECT_FALSE(IsControlChecked(d, 36314));
-        EXPECT_EQ(d.maskWnd.GetTool(), 1);
-        for (const int hidden : {36317, 36318, 36319, 36320, 36321, 36323})
-            EXPECT_FALSE(IsControlShown(d, hidden)) << hidden;
-        for (const int shown : {36314, 36316, 36324, 42385})
-            EXPECT_TRUE(IsControlShown(d, shown)) << shown;
-        EXPECT_EQ(d.view->GetAOI(), d.displayList[0]);
-        EXPECT_EQ(d.view->GetOverlayAOI(), d.workMask);
-        EXPECT_TRUE(IsToolEnabled(d, 42373));
-    });
+    Run("",
+        [&](OpenOverlayDlg& d)
+        {
+            EXPECT_NEAR(d.overlayStrength, 0.3, 1e-7);
+            EXPECT_EQ(d.GetDlgItem(36324)->SendMessage(TBM_GETPOS), 30);
+            EXPECT_FALSE(d.maskWnd.IsSystemMaskShown());
+            EXPECT_FALSE(IsControlChecked(d, 36314));
+            EXPECT_EQ(d.maskWnd.GetTool(), 1);
+            for (const int hidden : {36317, 36318, 36319, 36320, 36321, 36323})
+                EXPECT_FALSE(IsControlShown(d, hidden)) << hidden;
+            for (const int shown : {36314, 36316, 36324, 42385})
+                EXPECT_TRUE(IsControlShown(d, shown)) << shown;
+            EXPECT_EQ(d.view->GetAOI(), d.displayList[0]);
+            EXPECT_EQ(d.view->GetOverlayAOI(), d.workMask);
+            EXPECT_TRUE(IsToolEnabled(d, 42373));
+        });
     EXPECT_FALSE(config->Exists());
 }
 
@@ -223,16 +226,20 @@ TEST_F(OverlayDlg, WrongValuesAreReportedWithKeyAndLine)
 
 TEST_F(OverlayDlg, StrengthOfTheConfigurationIsShown)
 {
-    Run("[Mask]\nOverlayStrength=0.756\n", [](OpenOverlayDlg& d) {
-        EXPECT_EQ(d.GetDlgItem(36324)->SendMessage(TBM_GETPOS), 76);
-        EXPECT_EQ(d.view->GetOverlayStrength(), 0.756f);
-    });
+    Run("[Mask]\nOverlayStrength=0.756\n",
+        [](OpenOverlayDlg& d)
+        {
+            EXPECT_EQ(d.GetDlgItem(36324)->SendMessage(TBM_GETPOS), 76);
+            EXPECT_EQ(d.view->GetOverlayStrength(), 0.756f);
+        });
 }
 
 TEST_F(OverlayDlg, ExternalWidthIsInForceButNotInTheEdit)
 {
-    Run("[Mask]\nToolId=5\nLineWidth=3\n", [](OpenOverlayDlg& d) { d.SetExternalLineWidth(9); },
-        [](OpenOverlayDlg& d) {
+    Run(
+        "[Mask]\nToolId=5\nLineWidth=3\n", [](OpenOverlayDlg& d) { d.SetExternalLineWidth(9); },
+        [](OpenOverlayDlg& d)
+        {
             EXPECT_EQ(d.maskWnd.GetLineWidth(), 9);
             EXPECT_EQ(SpinValue(d, 36315), 3.0);
         });
@@ -240,14 +247,17 @@ TEST_F(OverlayDlg, ExternalWidthIsInForceButNotInTheEdit)
 
 TEST_F(OverlayDlg, TextsOfTheHostReplaceTheResources)
 {
-    Run("",
-        [](OpenOverlayDlg& d) {
+    Run(
+        "",
+        [](OpenOverlayDlg& d)
+        {
             d.SetHeaderText("Kopf");
             d.SetTextDefect("Fehler:");
             d.SetTextSurroundings("Rand:");
             d.SetTextSystemMask("Zweite");
         },
-        [](OpenOverlayDlg& d) {
+        [](OpenOverlayDlg& d)
+        {
             CString text;
             d.GetWindowText(text);
             EXPECT_EQ(text.Utf8(), "Kopf");
@@ -259,40 +269,48 @@ TEST_F(OverlayDlg, TextsOfTheHostReplaceTheResources)
 
 TEST_F(OverlayDlg, LegendOverridesTheStoredSwitchOfTheSystemMask)
 {
-    Run("", [](OpenOverlayDlg& d) { d.SetShowSurroundingOn(); },
-        [](OpenOverlayDlg& d) {
+    Run(
+        "", [](OpenOverlayDlg& d) { d.SetShowSurroundingOn(); },
+        [](OpenOverlayDlg& d)
+        {
             EXPECT_TRUE(d.maskWnd.IsSystemMaskShown());
             EXPECT_TRUE(IsControlChecked(d, 36314));
             EXPECT_TRUE(IsControlShown(d, 36317));
         });
     NewDialog();
-    Run("[Mask]\nCheckSystemMask=TRUE\n",
-        [](OpenOverlayDlg& d) {
+    Run(
+        "[Mask]\nCheckSystemMask=TRUE\n",
+        [](OpenOverlayDlg& d)
+        {
             d.SetShowSurroundingOn();
             d.SetShowSystemMaskOff();
         },
-        [](OpenOverlayDlg& d) {
+        [](OpenOverlayDlg& d)
+        {
             EXPECT_FALSE(d.maskWnd.IsSystemMaskShown());
             EXPECT_FALSE(IsControlShown(d, 36314));
             EXPECT_FALSE(IsControlShown(d, 36316));
         });
     NewDialog();
     // Without the legend a stored TRUE leaves the window's own state where the switch is hidden: shown.
-    Run("[Mask]\nCheckSystemMask=TRUE\n", [](OpenOverlayDlg& d) { d.SetShowSystemMaskOff(); },
+    Run(
+        "[Mask]\nCheckSystemMask=TRUE\n", [](OpenOverlayDlg& d) { d.SetShowSystemMaskOff(); },
         [](OpenOverlayDlg& d) { EXPECT_TRUE(d.maskWnd.IsSystemMaskShown()); });
 }
 
 TEST_F(OverlayDlg, LegendShowsItsColours)
 {
-    Run("",
-        [](OpenOverlayDlg& d) {
+    Run(
+        "",
+        [](OpenOverlayDlg& d)
+        {
             d.SetShowSurroundingOn();
             d.SetColors(RGB(255, 0, 0), RGB(0, 0, 255));
         },
-        [&](OpenOverlayDlg& d) {
-            const auto at = [&](int id, int x, int y) {
-                return kv::win::ShownPixel(::GetDlgItem(d.m_hWnd, id), CPoint(x, y)) & 0xFFFFFF;
-            };
+        [&](OpenOverlayDlg& d)
+        {
+            const auto at = [&](int id, int x, int y)
+            { return kv::win::ShownPixel(::GetDlgItem(d.m_hWnd, id), CPoint(x, y)) & 0xFFFFFF; };
             const CSize size = PlaceOf(d, 36318).Size();
             EXPECT_EQ(at(36317, size.cx / 2, size.cy / 2), 0xFF0000u);
             EXPECT_EQ(at(36317, 0, 0), 0xFF0000u);
@@ -309,8 +327,10 @@ TEST_F(OverlayDlg, LegendShowsItsColours)
 
 TEST_F(OverlayDlg, HostLearnsTheOperatorsPictureAndTable)
 {
-    Run("", [&](OpenOverlayDlg& d) { d.AddAOI(other.get()); },
-        [&](OpenOverlayDlg& d) {
+    Run(
+        "", [&](OpenOverlayDlg& d) { d.AddAOI(other.get()); },
+        [&](OpenOverlayDlg& d)
+        {
             EXPECT_EQ(d.view->GetAOI(), d.displayList[1]);
             d.view->SetAOI(d.displayList[0]);
             d.view->SetOutputLut("Rainbow");
@@ -326,19 +346,24 @@ TEST_F(OverlayDlg, HostLearnsTheOperatorsPictureAndTable)
 
 TEST_F(OverlayDlg, OffersTheListInTheMenuOfSeveralPicturesOnly)
 {
-    const auto backgrounds = [](OpenOverlayDlg& d) {
+    const auto backgrounds = [](OpenOverlayDlg& d)
+    {
         size_t popups = 0;
-        kv::win::SetModalHook([&] {
-            popups = kv::win::OpenMenuItems().size();
-            kv::win::DismissMenu();
-        });
+        kv::win::SetModalHook(
+            [&]
+            {
+                popups = kv::win::OpenMenuItems().size();
+                kv::win::DismissMenu();
+            });
         d.view->SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(d.view->m_hWnd), -1);
         d.EndDialog(IDCANCEL);
         return popups;
     };
     Run("", [&](OpenOverlayDlg& d) { EXPECT_EQ(backgrounds(d), 2u); });
     NewDialog();
-    Run("", [&](OpenOverlayDlg& d) { d.AddAOI(other.get()); }, [&](OpenOverlayDlg& d) { EXPECT_EQ(backgrounds(d), 3u); });
+    Run(
+        "", [&](OpenOverlayDlg& d) { d.AddAOI(other.get()); },
+        [&](OpenOverlayDlg& d) { EXPECT_EQ(backgrounds(d), 3u); });
 }
 
 // ---- The mask
@@ -347,7 +372,8 @@ TEST_F(OverlayDlg, PaintsInACopyUntilOK)
 {
     mask = Grey(60, 50, 3);
     EXPECT_EQ(Run("",
-                  [&](OpenOverlayDlg& d) {
+                  [&](OpenOverlayDlg& d)
+                  {
                       ClickTool(d, 42370);
                       EXPECT_EQ(Bytes(*mask), std::vector<unsigned char>(3000, 3));
                       EXPECT_EQ(Bytes(*d.workMask), std::vector<unsigned char>(3000, 131));
@@ -362,7 +388,8 @@ TEST_F(OverlayDlg, CancelTouchesNeitherMaskNorConfiguration)
     mask = Grey(60, 50, 64);
     const std::string text = "[Mask]\nOverlayStrength=0.5\n";
     EXPECT_EQ(Run(text,
-                  [&](OpenOverlayDlg& d) {
+                  [&](OpenOverlayDlg& d)
+                  {
                       ClickTool(d, 42370);
                       ClickTool(d, 42373);
                       ClickControl(d, 2);
@@ -375,13 +402,15 @@ TEST_F(OverlayDlg, CancelTouchesNeitherMaskNorConfiguration)
 
 TEST_F(OverlayDlg, OKWritesTheSettingsToTheByte)
 {
-    Run("[Mask]\nCheckSystemMask=TRUE\n", [](OpenOverlayDlg& d) {
-        ClickTool(d, 42358);
-        dynamic_cast<KvSpinEdit&>(*d.GetDlgItem(36315)).SetValue(300);
-        d.GetDlgItem(36324)->SendMessage(TBM_SETPOS, TRUE, 85);
-        d.SendMessage(WM_HSCROLL, TB_ENDTRACK, reinterpret_cast<LPARAM>(d.GetDlgItem(36324)->m_hWnd));
-        ClickControl(d, 1);
-    });
+    Run("[Mask]\nCheckSystemMask=TRUE\n",
+        [](OpenOverlayDlg& d)
+        {
+            ClickTool(d, 42358);
+            dynamic_cast<KvSpinEdit&>(*d.GetDlgItem(36315)).SetValue(300);
+            d.GetDlgItem(36324)->SendMessage(TBM_SETPOS, TRUE, 85);
+            d.SendMessage(WM_HSCROLL, TB_ENDTRACK, reinterpret_cast<LPARAM>(d.GetDlgItem(36324)->m_hWnd));
+            ClickControl(d, 1);
+        });
     EXPECT_EQ(config->Text(),
               "[Mask]\nCheckSystemMask=TRUE\nIncTools=TRUE\nLineWidth=300\nOverlayStrength=0.85\nToolId=9\n");
 }
@@ -390,8 +419,10 @@ TEST_F(OverlayDlg, StrengthOfTheSliderShowsAtOnce)
 {
     mask = Grey(60, 50, 128);
     mask->SetOLut(pOLutMgr->GetLut("Mask"));
-    Run("", [](OpenOverlayDlg& d) { d.SetDefaultFittedToWindow(0); },
-        [](OpenOverlayDlg& d) {
+    Run(
+        "", [](OpenOverlayDlg& d) { d.SetDefaultFittedToWindow(0); },
+        [](OpenOverlayDlg& d)
+        {
             const auto shown = [&] { return kv::win::ShownPixel(d.view->m_hWnd, CPoint(5, 5)) & 0xFFFFFF; };
             const unsigned before = shown();
             d.GetDlgItem(36324)->SendMessage(TBM_SETPOS, TRUE, 100);
@@ -405,17 +436,19 @@ TEST_F(OverlayDlg, StrengthOfTheSliderShowsAtOnce)
 TEST_F(OverlayDlg, DeletedSystemMaskStaysHiddenAndComesBackToTheHost)
 {
     mask = Grey(60, 50, 64);
-    Run("[Mask]\nCheckSystemMask=TRUE\n", [&](OpenOverlayDlg& d) {
-        EXPECT_TRUE(IsControlChecked(d, 36314));
-        ClickTool(d, 42373);
-        EXPECT_FALSE(IsControlChecked(d, 36314));
-        EXPECT_EQ(d.IsSystemMaskDeleted(), 1);
-        EXPECT_EQ(Bytes(*d.workMask), std::vector<unsigned char>(3000, 0));
-        ClickControl(d, 36314); // shows nothing any more
-        EXPECT_FALSE(d.maskWnd.IsSystemMaskShown());
-        EXPECT_EQ(Bytes(*d.workMask), std::vector<unsigned char>(3000, 0));
-        ClickControl(d, 1);
-    });
+    Run("[Mask]\nCheckSystemMask=TRUE\n",
+        [&](OpenOverlayDlg& d)
+        {
+            EXPECT_TRUE(IsControlChecked(d, 36314));
+            ClickTool(d, 42373);
+            EXPECT_FALSE(IsControlChecked(d, 36314));
+            EXPECT_EQ(d.IsSystemMaskDeleted(), 1);
+            EXPECT_EQ(Bytes(*d.workMask), std::vector<unsigned char>(3000, 0));
+            ClickControl(d, 36314); // shows nothing any more
+            EXPECT_FALSE(d.maskWnd.IsSystemMaskShown());
+            EXPECT_EQ(Bytes(*d.workMask), std::vector<unsigned char>(3000, 0));
+            ClickControl(d, 1);
+        });
     EXPECT_EQ(Bytes(*mask), std::vector<unsigned char>(3000, 64));
     EXPECT_EQ(dialog().IsSystemMaskDeleted(), 1);
 }
@@ -423,20 +456,24 @@ TEST_F(OverlayDlg, DeletedSystemMaskStaysHiddenAndComesBackToTheHost)
 TEST_F(OverlayDlg, SystemMaskIsSwitchedByItsBox)
 {
     mask = Grey(60, 50, 64);
-    Run("", [&](OpenOverlayDlg& d) {
-        EXPECT_EQ(Bytes(*d.workMask), std::vector<unsigned char>(3000, 0));
-        ClickControl(d, 36314);
-        EXPECT_EQ(Bytes(*d.workMask), std::vector<unsigned char>(3000, 64));
-        ClickControl(d, 36314);
-        EXPECT_EQ(Bytes(*d.workMask), std::vector<unsigned char>(3000, 0));
-    });
+    Run("",
+        [&](OpenOverlayDlg& d)
+        {
+            EXPECT_EQ(Bytes(*d.workMask), std::vector<unsigned char>(3000, 0));
+            ClickControl(d, 36314);
+            EXPECT_EQ(Bytes(*d.workMask), std::vector<unsigned char>(3000, 64));
+            ClickControl(d, 36314);
+            EXPECT_EQ(Bytes(*d.workMask), std::vector<unsigned char>(3000, 0));
+        });
 }
 
 TEST_F(OverlayDlg, ThresholdMaskFollowsTheComponentMaskWhileTheBoxIsTicked)
 {
     mask = FromArt(Rows(50, std::string(30, '#') + std::string(30, '.')), 64);
-    Run("[Mask]\nCheckSystemMask=TRUE\n", [](OpenOverlayDlg& d) { d.ActivateSegment(0); },
-        [&](OpenOverlayDlg& d) {
+    Run(
+        "[Mask]\nCheckSystemMask=TRUE\n", [](OpenOverlayDlg& d) { d.ActivateSegment(0); },
+        [&](OpenOverlayDlg& d)
+        {
             EXPECT_TRUE(IsControlShown(d, 36323));
             EXPECT_FALSE(IsControlChecked(d, 36323));
             const Rows first = Art(*d.workMask, 64);
@@ -460,28 +497,32 @@ TEST_F(OverlayDlg, ThresholdMaskFollowsTheComponentMaskWhileTheBoxIsTicked)
 
 TEST_F(OverlayDlg, FollowsTheSizeOfItsWindow)
 {
-    Run("", [&](OpenOverlayDlg& d) {
-        const CSize client = ClientOf(d);
-        std::map<int, CRect> before;
-        for (const int id : {1, 2, 36310, 36311, 36315, 36316, 36324, 42385, 42389, 42388})
-            before[id] = PlaceOf(d, id);
-        Resize(d, CSize(client.cx + 40, client.cy + 30));
-        EXPECT_EQ(PlaceOf(d, 36310), CRect(before[36310].left, before[36310].top, before[36310].right + 40,
-                                           before[36310].bottom + 30));
-        for (const int id : {1, 2, 36311, 36315, 36316})
-            EXPECT_EQ(PlaceOf(d, id), before[id] + CPoint(40, 0)) << id;
-        for (const int id : {36324, 42385, 42389, 42388})
-            EXPECT_EQ(PlaceOf(d, id), before[id] + CPoint(40, 30)) << id;
-        Resize(d, client);
-        for (const auto& [id, place] : before)
-            EXPECT_EQ(PlaceOf(d, id), place) << id;
-    });
+    Run("",
+        [&](OpenOverlayDlg& d)
+        {
+            const CSize client = ClientOf(d);
+            std::map<int, CRect> before;
+            for (const int id : {1, 2, 36310, 36311, 36315, 36316, 36324, 42385, 42389, 42388})
+                before[id] = PlaceOf(d, id);
+            Resize(d, CSize(client.cx + 40, client.cy + 30));
+            EXPECT_EQ(PlaceOf(d, 36310), CRect(before[36310].left, before[36310].top, before[36310].right + 40,
+                                               before[36310].bottom + 30));
+            for (const int id : {1, 2, 36311, 36315, 36316})
+                EXPECT_EQ(PlaceOf(d, id), before[id] + CPoint(40, 0)) << id;
+            for (const int id : {36324, 42385, 42389, 42388})
+                EXPECT_EQ(PlaceOf(d, id), before[id] + CPoint(40, 30)) << id;
+            Resize(d, client);
+            for (const auto& [id, place] : before)
+                EXPECT_EQ(PlaceOf(d, id), place) << id;
+        });
 }
 
 TEST_F(OverlayDlg, ScaleGoesBackToItsFirstHeightWhereItWouldCoverTheRightColumn)
 {
-    Run("", [](OpenOverlayDlg& d) { d.ActivateSegment(0); },
-        [&](OpenOverlayDlg& d) {
+    Run(
+        "", [](OpenOverlayDlg& d) { d.ActivateSegment(0); },
+        [&](OpenOverlayDlg& d)
+        {
             const CSize client = ClientOf(d);
             const CRect slider = PlaceOf(d, 36324);
             EXPECT_EQ(d.minimumScaleBottom, PlaceOf(d, 36321).bottom + 10);
@@ -498,9 +539,11 @@ TEST_F(OverlayDlg, LowestShownControlOfTheRightColumnBoundsTheScale)
 {
     Run("", [&](OpenOverlayDlg& d) { EXPECT_EQ(d.minimumScaleBottom, PlaceOf(d, 36316).bottom + 10); });
     NewDialog();
-    Run("", [](OpenOverlayDlg& d) { d.SetShowSurroundingOn(); },
+    Run(
+        "", [](OpenOverlayDlg& d) { d.SetShowSurroundingOn(); },
         [&](OpenOverlayDlg& d) { EXPECT_EQ(d.minimumScaleBottom, PlaceOf(d, 36318).bottom + 10); });
     NewDialog();
-    Run("", [](OpenOverlayDlg& d) { d.SetShowSystemMaskOff(); },
+    Run(
+        "", [](OpenOverlayDlg& d) { d.SetShowSystemMaskOff(); },
         [&](OpenOverlayDlg& d) { EXPECT_EQ(d.minimumScaleBottom, 10); });
 }

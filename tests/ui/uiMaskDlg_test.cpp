@@ -98,21 +98,23 @@ TEST(MaskDlgTables, CounterpartsAreTenApart)
 
 TEST_F(MaskDlg, OpensWithTheDefaultsOfAnEmptyConfiguration)
 {
-    Run("", [](OpenMaskDlg& dialog) {
-        EXPECT_EQ(dialog.maskWnd.GetTool(), 1);
-        EXPECT_EQ(dialog.GetCurrentToolBar()->GetItemID(0), 42350u);
-        EXPECT_TRUE(IsToolChecked(dialog, 42350));
-        EXPECT_TRUE(IsControlChecked(dialog, 36311));
-        EXPECT_FALSE(IsControlChecked(dialog, 36312));
-        EXPECT_FALSE(IsControlEnabled(dialog, 36313));
-        EXPECT_FALSE(IsControlEnabled(dialog, 36315));
-        EXPECT_EQ(SpinValue(dialog, 36315), 1.0);
-        EXPECT_FALSE(IsControlChecked(dialog, 36314));
-        EXPECT_FALSE(dialog.maskWnd.IsSystemMaskShown());
-        EXPECT_FALSE(IsToolEnabled(dialog, accept));
-        EXPECT_FALSE(IsToolEnabled(dialog, drop));
-        EXPECT_EQ(dialog.toolMode, 1);
-    });
+    Run("",
+        [](OpenMaskDlg& dialog)
+        {
+            EXPECT_EQ(dialog.maskWnd.GetTool(), 1);
+            EXPECT_EQ(dialog.GetCurrentToolBar()->GetItemID(0), 42350u);
+            EXPECT_TRUE(IsToolChecked(dialog, 42350));
+            EXPECT_TRUE(IsControlChecked(dialog, 36311));
+            EXPECT_FALSE(IsControlChecked(dialog, 36312));
+            EXPECT_FALSE(IsControlEnabled(dialog, 36313));
+            EXPECT_FALSE(IsControlEnabled(dialog, 36315));
+            EXPECT_EQ(SpinValue(dialog, 36315), 1.0);
+            EXPECT_FALSE(IsControlChecked(dialog, 36314));
+            EXPECT_FALSE(dialog.maskWnd.IsSystemMaskShown());
+            EXPECT_FALSE(IsToolEnabled(dialog, accept));
+            EXPECT_FALSE(IsToolEnabled(dialog, drop));
+            EXPECT_EQ(dialog.toolMode, 1);
+        });
     EXPECT_FALSE(config->Exists()); // cancelled: not even created
 }
 
@@ -124,7 +126,8 @@ TEST_F(MaskDlg, RestoresEveryTool)
             const int stored = adding ? tool : tool + 10;
             Run("[Mask]\nToolId=" + std::to_string(stored) + "\nIncTools=" + (adding ? "TRUE" : "false") +
                     "\nLineWidth=7\nShowSystemMask=true\n",
-                [&](OpenMaskDlg& dialog) {
+                [&](OpenMaskDlg& dialog)
+                {
                     EXPECT_EQ(dialog.maskWnd.GetTool(), stored);
                     EXPECT_EQ(dialog.toolUIId, 42349 + stored);
                     EXPECT_TRUE(IsToolChecked(dialog, 42349 + stored));
@@ -141,17 +144,19 @@ TEST_F(MaskDlg, RestoresEveryTool)
 TEST_F(MaskDlg, ToolThatDoesNotFitItsModeDrawsNothingUntilOneIsPicked)
 {
     for (const std::string text : {"ToolId=15\nIncTools=TRUE\n", "ToolId=99\n", "ToolId=10\n", "ToolId=-3\n"})
-        Run("[Mask]\n" + text, [&](OpenMaskDlg& dialog) {
-            EXPECT_EQ(dialog.maskWnd.GetTool(), -1) << text;
-            EXPECT_EQ(dialog.toolUIId, -1);
-            for (int id = firstTool; id <= 42358; ++id)
-                EXPECT_FALSE(IsToolChecked(dialog, id));
-            DragInDialog(dialog, 10, 10, 30, 30);
-            EXPECT_FALSE(dialog.maskWnd.IsInChangeMode());
-            ClickTool(dialog, 42350);
-            DragInDialog(dialog, 10, 10, 30, 30);
-            EXPECT_TRUE(dialog.maskWnd.IsInChangeMode());
-        });
+        Run("[Mask]\n" + text,
+            [&](OpenMaskDlg& dialog)
+            {
+                EXPECT_EQ(dialog.maskWnd.GetTool(), -1) << text;
+                EXPECT_EQ(dialog.toolUIId, -1);
+                for (int id = firstTool; id <= 42358; ++id)
+                    EXPECT_FALSE(IsToolChecked(dialog, id));
+                DragInDialog(dialog, 10, 10, 30, 30);
+                EXPECT_FALSE(dialog.maskWnd.IsInChangeMode());
+                ClickTool(dialog, 42350);
+                DragInDialog(dialog, 10, 10, 30, 30);
+                EXPECT_TRUE(dialog.maskWnd.IsInChangeMode());
+            });
 }
 
 TEST_F(MaskDlg, WrongValuesAreReportedWithKeyAndLine)
@@ -168,7 +173,8 @@ TEST_F(MaskDlg, WrongValuesAreReportedWithKeyAndLine)
 
 TEST_F(MaskDlg, MissingToolBarsAreReported)
 {
-    const auto failureOf = [&](unsigned inc, unsigned exc) {
+    const auto failureOf = [&](unsigned inc, unsigned exc)
+    {
         std::pair<std::string, unsigned long> told;
         KvMaskDlg dialog(nullptr, 8860, inc, exc);
         const ConfigFile empty;
@@ -193,132 +199,148 @@ TEST_F(MaskDlg, MissingToolBarsAreReported)
 
 TEST_F(MaskDlg, ToolButtonsChooseToolsAndStayPressed)
 {
-    Run("", [](OpenMaskDlg& dialog) {
-        for (int id = 42358; id >= firstTool; --id)
+    Run("",
+        [](OpenMaskDlg& dialog)
         {
-            ClickTool(dialog, id);
-            EXPECT_EQ(dialog.maskWnd.GetTool(), id - 42349);
-            for (int other = firstTool; other <= 42358; ++other)
-                EXPECT_EQ(IsToolChecked(dialog, other), other == id) << id << " " << other;
-        }
-        ClickTool(dialog, firstTool); // again: it stays
-        EXPECT_TRUE(IsToolChecked(dialog, firstTool));
-    });
+            for (int id = 42358; id >= firstTool; --id)
+            {
+                ClickTool(dialog, id);
+                EXPECT_EQ(dialog.maskWnd.GetTool(), id - 42349);
+                for (int other = firstTool; other <= 42358; ++other)
+                    EXPECT_EQ(IsToolChecked(dialog, other), other == id) << id << " " << other;
+            }
+            ClickTool(dialog, firstTool); // again: it stays
+            EXPECT_TRUE(IsToolChecked(dialog, firstTool));
+        });
 }
 
 TEST_F(MaskDlg, HandlersAndTheGeneralOneDoTheSame)
 {
-    Run("", [](OpenMaskDlg& dialog) {
-        dialog.OnIncRectFrame();
-        EXPECT_EQ(dialog.maskWnd.GetTool(), 5);
-        dialog.SetTool(42350);
-        EXPECT_EQ(dialog.maskWnd.GetTool(), 1);
-        dialog.SetTool(42349);
-        dialog.SetTool(42373);
-        EXPECT_EQ(dialog.maskWnd.GetTool(), 1);
-    });
+    Run("",
+        [](OpenMaskDlg& dialog)
+        {
+            dialog.OnIncRectFrame();
+            EXPECT_EQ(dialog.maskWnd.GetTool(), 5);
+            dialog.SetTool(42350);
+            EXPECT_EQ(dialog.maskWnd.GetTool(), 1);
+            dialog.SetTool(42349);
+            dialog.SetTool(42373);
+            EXPECT_EQ(dialog.maskWnd.GetTool(), 1);
+        });
 }
 
 TEST_F(MaskDlg, RadioButtonsKeepTheKindOfTool)
 {
-    Run("[Mask]\nToolId=3\n", [](OpenMaskDlg& dialog) {
-        ClickControl(dialog, 36312);
-        EXPECT_EQ(dialog.maskWnd.GetTool(), 13);
-        EXPECT_EQ(dialog.GetCurrentToolBar()->GetItemID(0), 42360u);
-        EXPECT_TRUE(IsToolChecked(dialog, 42362));
-        ClickControl(dialog, 36312); // already chosen: nothing
-        EXPECT_EQ(dialog.maskWnd.GetTool(), 13);
-        ClickControl(dialog, 36311);
-        EXPECT_EQ(dialog.maskWnd.GetTool(), 3);
-        EXPECT_TRUE(IsToolChecked(dialog, 42352));
-    });
+    Run("[Mask]\nToolId=3\n",
+        [](OpenMaskDlg& dialog)
+        {
+            ClickControl(dialog, 36312);
+            EXPECT_EQ(dialog.maskWnd.GetTool(), 13);
+            EXPECT_EQ(dialog.GetCurrentToolBar()->GetItemID(0), 42360u);
+            EXPECT_TRUE(IsToolChecked(dialog, 42362));
+            ClickControl(dialog, 36312); // already chosen: nothing
+            EXPECT_EQ(dialog.maskWnd.GetTool(), 13);
+            ClickControl(dialog, 36311);
+            EXPECT_EQ(dialog.maskWnd.GetTool(), 3);
+            EXPECT_TRUE(IsToolChecked(dialog, 42352));
+        });
 }
 
 TEST_F(MaskDlg, WholeMaskCommandsLeaveToolAndCheckMarks)
 {
-    Run("[Mask]\nToolId=5\n", [&](OpenMaskDlg& dialog) {
-        const auto stored = [&] {
-            dialog.maskWnd.MaskToAOI();
-            return mask->GetRowPointer(7)[9];
-        };
-        ClickTool(dialog, 42370);
-        EXPECT_EQ(stored(), 128);
-        ClickTool(dialog, 42359); // on the adding toolbar: empty
-        EXPECT_EQ(stored(), 0);
-        EXPECT_EQ(dialog.maskWnd.GetTool(), 5);
-        EXPECT_TRUE(IsToolChecked(dialog, 42354));
-        ClickControl(dialog, 36312);
-        ClickTool(dialog, 42369); // on the excluding one: full
-        EXPECT_EQ(stored(), 128);
-        EXPECT_EQ(dialog.maskWnd.GetTool(), 15);
-        EXPECT_TRUE(IsToolChecked(dialog, 42364));
-    });
+    Run("[Mask]\nToolId=5\n",
+        [&](OpenMaskDlg& dialog)
+        {
+            const auto stored = [&]
+            {
+                dialog.maskWnd.MaskToAOI();
+                return mask->GetRowPointer(7)[9];
+            };
+            ClickTool(dialog, 42370);
+            EXPECT_EQ(stored(), 128);
+            ClickTool(dialog, 42359); // on the adding toolbar: empty
+            EXPECT_EQ(stored(), 0);
+            EXPECT_EQ(dialog.maskWnd.GetTool(), 5);
+            EXPECT_TRUE(IsToolChecked(dialog, 42354));
+            ClickControl(dialog, 36312);
+            ClickTool(dialog, 42369); // on the excluding one: full
+            EXPECT_EQ(stored(), 128);
+            EXPECT_EQ(dialog.maskWnd.GetTool(), 15);
+            EXPECT_TRUE(IsToolChecked(dialog, 42364));
+        });
 }
 
 TEST_F(MaskDlg, PlacedFigureLocksToolsAndFreesAcceptAndDrop)
 {
-    Run("[Mask]\nToolId=5\nLineWidth=3\n", [&](OpenMaskDlg& dialog) {
-        DragInDialog(dialog, 10, 10, 30, 30);
-        for (int id = firstTool; id <= 42358; ++id)
-            EXPECT_FALSE(IsToolEnabled(dialog, id)) << id;
-        EXPECT_FALSE(IsToolEnabled(dialog, 42359));
-        EXPECT_FALSE(IsToolEnabled(dialog, 42370));
-        EXPECT_FALSE(IsControlEnabled(dialog, 36311));
-        EXPECT_FALSE(IsControlEnabled(dialog, 36312));
-        EXPECT_TRUE(IsToolEnabled(dialog, accept));
-        EXPECT_TRUE(IsToolEnabled(dialog, drop));
-        EXPECT_TRUE(IsControlEnabled(dialog, 36315));
-        ClickTool(dialog, drop);
-        EXPECT_FALSE(dialog.maskWnd.IsInChangeMode());
-        EXPECT_TRUE(IsToolEnabled(dialog, firstTool));
-        EXPECT_TRUE(IsControlEnabled(dialog, 36312));
-        EXPECT_FALSE(IsToolEnabled(dialog, accept));
-        dialog.maskWnd.MaskToAOI();
-        EXPECT_EQ(Bytes(*mask), std::vector<unsigned char>(3000, 0));
-        DragInDialog(dialog, 10, 10, 30, 30);
-        ClickTool(dialog, accept);
-        EXPECT_TRUE(IsToolEnabled(dialog, firstTool));
-        dialog.maskWnd.MaskToAOI();
-        EXPECT_EQ(mask->GetRowPointer(20)[9], 128);
-        EXPECT_EQ(mask->GetRowPointer(20)[11], 128);
-        EXPECT_EQ(mask->GetRowPointer(20)[12], 0);
-    });
+    Run("[Mask]\nToolId=5\nLineWidth=3\n",
+        [&](OpenMaskDlg& dialog)
+        {
+            DragInDialog(dialog, 10, 10, 30, 30);
+            for (int id = firstTool; id <= 42358; ++id)
+                EXPECT_FALSE(IsToolEnabled(dialog, id)) << id;
+            EXPECT_FALSE(IsToolEnabled(dialog, 42359));
+            EXPECT_FALSE(IsToolEnabled(dialog, 42370));
+            EXPECT_FALSE(IsControlEnabled(dialog, 36311));
+            EXPECT_FALSE(IsControlEnabled(dialog, 36312));
+            EXPECT_TRUE(IsToolEnabled(dialog, accept));
+            EXPECT_TRUE(IsToolEnabled(dialog, drop));
+            EXPECT_TRUE(IsControlEnabled(dialog, 36315));
+            ClickTool(dialog, drop);
+            EXPECT_FALSE(dialog.maskWnd.IsInChangeMode());
+            EXPECT_TRUE(IsToolEnabled(dialog, firstTool));
+            EXPECT_TRUE(IsControlEnabled(dialog, 36312));
+            EXPECT_FALSE(IsToolEnabled(dialog, accept));
+            dialog.maskWnd.MaskToAOI();
+            EXPECT_EQ(Bytes(*mask), std::vector<unsigned char>(3000, 0));
+            DragInDialog(dialog, 10, 10, 30, 30);
+            ClickTool(dialog, accept);
+            EXPECT_TRUE(IsToolEnabled(dialog, firstTool));
+            dialog.maskWnd.MaskToAOI();
+            EXPECT_EQ(mask->GetRowPointer(20)[9], 128);
+            EXPECT_EQ(mask->GetRowPointer(20)[11], 128);
+            EXPECT_EQ(mask->GetRowPointer(20)[12], 0);
+        });
 }
 
 TEST_F(MaskDlg, LineWidthOfAPlacedFrameChangesAtOnce)
 {
-    Run("[Mask]\nToolId=5\n", [&](OpenMaskDlg& dialog) {
-        DragInDialog(dialog, 10, 10, 30, 30);
-        dynamic_cast<KvSpinEdit&>(*dialog.GetDlgItem(36315)).SetValue(3);
-        EXPECT_EQ(dialog.lineWidth, 3);
-        dialog.OnValueChangedLinewidth(5.9);
-        EXPECT_EQ(dialog.lineWidth, 5); // truncated
-        EXPECT_EQ(dialog.maskWnd.GetLineWidth(), 5);
-        ClickTool(dialog, accept);
-        dialog.maskWnd.MaskToAOI();
-        EXPECT_EQ(mask->GetRowPointer(20)[8], 128);
-        EXPECT_EQ(mask->GetRowPointer(20)[12], 128);
-        EXPECT_EQ(mask->GetRowPointer(20)[13], 0);
-    });
+    Run("[Mask]\nToolId=5\n",
+        [&](OpenMaskDlg& dialog)
+        {
+            DragInDialog(dialog, 10, 10, 30, 30);
+            dynamic_cast<KvSpinEdit&>(*dialog.GetDlgItem(36315)).SetValue(3);
+            EXPECT_EQ(dialog.lineWidth, 3);
+            dialog.OnValueChangedLinewidth(5.9);
+            EXPECT_EQ(dialog.lineWidth, 5); // truncated
+            EXPECT_EQ(dialog.maskWnd.GetLineWidth(), 5);
+            ClickTool(dialog, accept);
+            dialog.maskWnd.MaskToAOI();
+            EXPECT_EQ(mask->GetRowPointer(20)[8], 128);
+            EXPECT_EQ(mask->GetRowPointer(20)[12], 128);
+            EXPECT_EQ(mask->GetRowPointer(20)[13], 0);
+        });
 }
 
 TEST_F(MaskDlg, SystemMaskIsSwitchedOnTheScreenOnly)
 {
     mask = Grey(60, 50, 64);
-    Run("", [&](OpenMaskDlg& dialog) {
-        const auto shown = [&] {
-            CPoint point(5, 5);
-            const auto& view = *dialog.maskWnd.GetAOIBaseViewWnd();
-            view.ViewLPtoDP(&point, 1);
-            return kv::win::ShownPixel(view.m_hWnd, point) & 0xFFFFFF;
-        };
-        EXPECT_EQ(shown(), 0x646464u);
-        ClickControl(dialog, 36314);
-        EXPECT_EQ(shown(), 0x0000FFu);
-        ClickControl(dialog, 36314);
-        EXPECT_EQ(shown(), 0x646464u);
-        ClickControl(dialog, 1);
-    });
+    Run("",
+        [&](OpenMaskDlg& dialog)
+        {
+            const auto shown = [&]
+            {
+                CPoint point(5, 5);
+                const auto& view = *dialog.maskWnd.GetAOIBaseViewWnd();
+                view.ViewLPtoDP(&point, 1);
+                return kv::win::ShownPixel(view.m_hWnd, point) & 0xFFFFFF;
+            };
+            EXPECT_EQ(shown(), 0x646464u);
+            ClickControl(dialog, 36314);
+            EXPECT_EQ(shown(), 0x0000FFu);
+            ClickControl(dialog, 36314);
+            EXPECT_EQ(shown(), 0x646464u);
+            ClickControl(dialog, 1);
+        });
     EXPECT_EQ(Bytes(*mask), std::vector<unsigned char>(3000, 64));
 }
 
@@ -327,10 +349,12 @@ TEST_F(MaskDlg, SystemMaskIsSwitchedOnTheScreenOnly)
 TEST_F(MaskDlg, OKBurnsAPlacedFigureInAndWritesMaskAndSettings)
 {
     mask = Grey(60, 50, 0x55);
-    const INT_PTR result = Run("[Mask]\nToolId=1\nKeep=me\n[Other]\nToolId=77\n", [](OpenMaskDlg& dialog) {
-        DragInDialog(dialog, 10, 10, 20, 15);
-        ClickControl(dialog, 1);
-    });
+    const INT_PTR result = Run("[Mask]\nToolId=1\nKeep=me\n[Other]\nToolId=77\n",
+                               [](OpenMaskDlg& dialog)
+                               {
+                                   DragInDialog(dialog, 10, 10, 20, 15);
+                                   ClickControl(dialog, 1);
+                               });
     EXPECT_EQ(result, IDOK);
     for (int y = 0; y < 50; ++y)
         for (int x = 0; x < 60; ++x)
@@ -348,25 +372,29 @@ TEST_F(MaskDlg, OKBurnsAPlacedFigureInAndWritesMaskAndSettings)
 
 TEST_F(MaskDlg, OKWritesTheSettingsToTheByte)
 {
-    Run("", [](OpenMaskDlg& dialog) {
-        ClickControl(dialog, 36312);
-        ClickTool(dialog, 42364);
-        dynamic_cast<KvSpinEdit&>(*dialog.GetDlgItem(36315)).SetValue(12);
-        ClickControl(dialog, 36314);
-        ClickControl(dialog, 1);
-    });
+    Run("",
+        [](OpenMaskDlg& dialog)
+        {
+            ClickControl(dialog, 36312);
+            ClickTool(dialog, 42364);
+            dynamic_cast<KvSpinEdit&>(*dialog.GetDlgItem(36315)).SetValue(12);
+            ClickControl(dialog, 36314);
+            ClickControl(dialog, 1);
+        });
     EXPECT_EQ(config->Text(), "[Mask]\nIncTools=FALSE\nLineWidth=12\nShowSystemMask=TRUE\nToolId=15\n");
 }
 
 TEST_F(MaskDlg, CancelTouchesNeitherMaskNorConfiguration)
 {
     const std::string text = "[Mask]\nToolId=2\nLineWidth=4\n";
-    const INT_PTR result = Run(text, [](OpenMaskDlg& dialog) {
-        ClickTool(dialog, 42370);
-        ClickTool(dialog, 42351);
-        DragInDialog(dialog, 10, 10, 30, 30);
-        ClickControl(dialog, 2);
-    });
+    const INT_PTR result = Run(text,
+                               [](OpenMaskDlg& dialog)
+                               {
+                                   ClickTool(dialog, 42370);
+                                   ClickTool(dialog, 42351);
+                                   DragInDialog(dialog, 10, 10, 30, 30);
+                                   ClickControl(dialog, 2);
+                               });
     EXPECT_EQ(result, IDCANCEL);
     EXPECT_EQ(config->Text(), text);
     EXPECT_EQ(Bytes(*mask), std::vector<unsigned char>(3000, 0));
@@ -375,14 +403,16 @@ TEST_F(MaskDlg, CancelTouchesNeitherMaskNorConfiguration)
 TEST_F(MaskDlg, EscapeCancelsAndEnterAccepts)
 {
     EXPECT_EQ(Run("",
-                  [](OpenMaskDlg&) {
+                  [](OpenMaskDlg&)
+                  {
                       kv::win::PressKey(VK_ESCAPE);
                       kv::win::ReleaseKey(VK_ESCAPE);
                   }),
               IDCANCEL);
     EXPECT_FALSE(config->Exists());
     EXPECT_EQ(Run("",
-                  [](OpenMaskDlg&) {
+                  [](OpenMaskDlg&)
+                  {
                       kv::win::PressKey(VK_RETURN);
                       kv::win::ReleaseKey(VK_RETURN);
                   }),
@@ -393,9 +423,11 @@ TEST_F(MaskDlg, EscapeCancelsAndEnterAccepts)
 TEST_F(MaskDlg, MaskOfAnotherSizeThanItsImageKeepsItsSize)
 {
     mask = Grey(30, 20, 1);
-    Run("", [](OpenMaskDlg& dialog) {
-        ClickTool(dialog, 42370);
-        ClickControl(dialog, 1);
-    });
+    Run("",
+        [](OpenMaskDlg& dialog)
+        {
+            ClickTool(dialog, 42370);
+            ClickControl(dialog, 1);
+        });
     EXPECT_EQ(Bytes(*mask), std::vector<unsigned char>(600, 129));
 }

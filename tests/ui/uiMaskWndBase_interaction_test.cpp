@@ -254,9 +254,9 @@ TEST_F(MaskMouse, SmallFigureIsTakenByTheHighestHandleInReach)
 TEST_F(MaskMouse, CursorFollowsWhatLiesUnderThePointer)
 {
     stand.Drag(10, 12, 30, 28);
-    const std::pair<CPoint, UINT> places[] = {{{10, 12}, IDC_SIZENWSE}, {{20, 12}, IDC_SIZENS}, {{30, 12}, IDC_SIZENESW},
-                                              {{10, 20}, IDC_SIZEWE},   {{20, 20}, IDC_SIZEALL}, {{7, 9}, IDC_SIZENWSE},
-                                              {{50, 45}, 8883}};
+    const std::pair<CPoint, UINT> places[] = {
+        {{10, 12}, IDC_SIZENWSE}, {{20, 12}, IDC_SIZENS}, {{30, 12}, IDC_SIZENESW}, {{10, 20}, IDC_SIZEWE},
+        {{20, 20}, IDC_SIZEALL},  {{7, 9}, IDC_SIZENWSE}, {{50, 45}, 8883}};
     for (const auto& [place, cursor] : places)
     {
         stand.Move(place.x, place.y);

@@ -34,7 +34,8 @@ protected:
     }
     KvTPoint<short> Centre(unsigned short id)
     {
-        const KvTPoint<short> places[] = {{10, 12}, {20, 12}, {30, 12}, {10, 20}, {30, 20}, {10, 28}, {20, 28}, {30, 28}};
+        const KvTPoint<short> places[] = {{10, 12}, {20, 12}, {30, 12}, {10, 20},
+                                          {30, 20}, {10, 28}, {20, 28}, {30, 28}};
         return places[id];
     }
     std::vector<std::uint32_t> Screen() { return kv::win::PictureOf(window.View().m_hWnd).pixels; }
@@ -146,8 +147,8 @@ TEST_F(MaskFigure, PrefersTheHighestHandleWhereTheyOverlap)
 
 TEST_F(MaskFigure, ShowsTheCursorOfEachHandle)
 {
-    const UINT plain[] = {IDC_SIZENWSE, IDC_SIZENS, IDC_SIZENESW, IDC_SIZEWE,
-                          IDC_SIZEWE,   IDC_SIZENESW, IDC_SIZENS, IDC_SIZENWSE};
+    const UINT plain[] = {IDC_SIZENWSE, IDC_SIZENS,   IDC_SIZENESW, IDC_SIZEWE,
+                          IDC_SIZEWE,   IDC_SIZENESW, IDC_SIZENS,   IDC_SIZENWSE};
     const bool side[] = {false, true, false, true, true, false, true, false};
     for (const auto type : {KvSurroundRect::ToolCircle, KvSurroundRect::ToolRectangle, KvSurroundRect::ToolEllipse})
     {

@@ -34,7 +34,8 @@ void ExpectShown(PlainStand& stand, bool system = true)
             ASSERT_EQ(stand.Shown(x, y), Expected(stand.mask, system, x, y)) << x << "," << y;
 }
 
-// The mask after one figure of `tool` from (2, 2) to (12, 8), and the mask that an excluding tool cuts out of a full one.
+// The mask after one figure of `tool` from (2, 2) to (12, 8), and the mask that an excluding tool cuts out of a full
+// one.
 Rows Burnt(int tool, unsigned short width)
 {
     auto mask = Grey(16, 12, 0);
