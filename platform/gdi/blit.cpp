@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
 
 namespace kv::gdi
 {
@@ -18,6 +19,25 @@ namespace
 std::uint8_t truthTable(DWORD rop)
 {
     return std::uint8_t(rop >> 16);
+}
+
+// The operations of source and target alone, over a row of 32-bit pixels. False for any other operation.
+bool combineRow(DWORD rop, std::uint32_t* target, const std::uint32_t* source, int count)
+{
+    switch (rop)
+    {
+    case SRCAND:
+        std::transform(source, source + count, target, target, std::bit_and<>());
+        return true;
+    case SRCPAINT:
+        std::transform(source, source + count, target, target, std::bit_or<>());
+        return true;
+    case SRCINVERT:
+        std::transform(source, source + count, target, target, std::bit_xor<>());
+        return true;
+    default:
+        return false;
+    }
 }
 
 // Stores combined values into a row of the target.
@@ -45,6 +65,9 @@ public:
                                [](std::uint32_t v) { return std::uint8_t(v); });
             return;
         }
+        if (view.depth == 32 &&
+            combineRow(rop, reinterpret_cast<std::uint32_t*>(view.row(y)) + from, values, to - from))
+            return;
         for (int x = from; x < to; ++x)
         {
             const std::uint32_t p = pattern.values.empty() ? brush : pattern.values[pattern.index(x, y)];
