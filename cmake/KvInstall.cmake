@@ -5,7 +5,7 @@ if(TARGET kv_ui)
   list(APPEND kv_targets kv_ui)
 endif()
 install(TARGETS ${kv_targets} EXPORT KvTargets)
-install(DIRECTORY platform contracts C DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kv
+install(DIRECTORY platform contracts C resources DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kv
   FILES_MATCHING PATTERN "*.h" PATTERN "*_p.h" EXCLUDE)
 install(EXPORT KvTargets NAMESPACE kv:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Kv)
 configure_package_config_file(cmake/KvConfig.cmake.in ${PROJECT_BINARY_DIR}/KvConfig.cmake
