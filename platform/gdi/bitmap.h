@@ -3,6 +3,7 @@
 
 #include "platform/gdi/color.h"
 #include "platform/gdi/handles.h"
+#include "platform/gdi/surface.h"
 
 #include <cstdlib>
 #include <memory>
@@ -37,7 +38,16 @@ public:
     // Cleared pixels; null where they do not fit into memory. Rows of a section are padded to 4 bytes, of others to 2.
     static std::shared_ptr<Bitmap> make(int width, int height, int depth, bool section, bool topDown, ColorTable table);
 
-    PixelView pixels() const { return view; }
+    // For reading and changing all pixels, or those of a box alone: pending ones are written first.
+    PixelView pixels() const { return pixels(box()); }
+    PixelView pixels(const RECT& part) const
+    {
+        if (pending)
+            pending->write(part);
+        return view;
+    }
+    void setPending(PendingPixels* pixels) { pending = pixels; }
+    RECT box() const { return view.box(); }
     int width() const { return view.width; }
     int height() const { return view.height; }
     int depth() const { return view.depth; }
@@ -45,7 +55,11 @@ public:
     bool isTopDown() const { return view.stride > 0; }
     // A one-bit bitmap without a table takes its two colours from the context that it meets.
     bool isMonochrome() const { return view.depth == 1 && !section; }
-    std::uint8_t* firstByte() const { return storage.get(); }
+    std::uint8_t* firstByte() const
+    {
+        pixels();
+        return storage.get();
+    }
     std::size_t size() const { return std::size_t(strideBytes()) * std::size_t(view.height); }
     LONG strideBytes() const { return LONG(view.stride < 0 ? -view.stride : view.stride); }
     const ColorTable& table() const { return colors; } // of 2 or 256 entries, empty at 32 bits
@@ -64,6 +78,7 @@ private:
     Bitmap() : Object(OBJ_BITMAP) {}
 
     PixelView view;
+    PendingPixels* pending = nullptr;
     bool section = false;
     ColorTable colors;
     std::unique_ptr<std::uint8_t, Free> storage;

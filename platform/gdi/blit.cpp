@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <functional>
 
 namespace kv::gdi
 {
@@ -21,30 +20,51 @@ std::uint8_t truthTable(DWORD rop)
     return std::uint8_t(rop >> 16);
 }
 
-// The operations of source and target alone, over a row of 32-bit pixels. False for any other operation.
-bool combineRow(DWORD rop, std::uint32_t* target, const std::uint32_t* source, int count)
+// Combines values with pixels of a row. A loop for each usual operation, so that it runs over many pixels at once.
+template <class T>
+void combineRow(T* row, const std::uint32_t* values, int count, DWORD rop, std::uint32_t pattern)
 {
+    const auto each = [&](auto change)
+    {
+        for (int i = 0; i < count; ++i)
+            row[i] = T(change(values[i], std::uint32_t(row[i])));
+    };
     switch (rop)
     {
+    case SRCCOPY:
+        each([](std::uint32_t s, std::uint32_t) { return s; });
+        break;
     case SRCAND:
-        std::transform(source, source + count, target, target, std::bit_and<>());
-        return true;
+        each([](std::uint32_t s, std::uint32_t d) { return s & d; });
+        break;
     case SRCPAINT:
-        std::transform(source, source + count, target, target, std::bit_or<>());
-        return true;
+        each([](std::uint32_t s, std::uint32_t d) { return s | d; });
+        break;
     case SRCINVERT:
-        std::transform(source, source + count, target, target, std::bit_xor<>());
-        return true;
+        each([](std::uint32_t s, std::uint32_t d) { return s ^ d; });
+        break;
     default:
-        return false;
+        each([&](std::uint32_t s, std::uint32_t d) { return combine(rop, pattern, s, d); });
     }
+}
+
+// The bounding box of what may be drawn on.
+RECT clipBox(const Dc& dc)
+{
+    RECT box{};
+    for (const RECT& r : dc.visible())
+        box = raster::isEmpty(box) ? r
+                                   : RECT{std::min(box.left, r.left), std::min(box.top, r.top),
+                                          std::max(box.right, r.right), std::max(box.bottom, r.bottom)};
+    return box;
 }
 
 // Stores combined values into a row of the target.
 class RowWriter
 {
 public:
-    RowWriter(const Dc& dc, DWORD operation) : view(dc.bitmap->pixels()), rop(operation)
+    RowWriter(const Dc& dc, DWORD operation, const RECT& box)
+        : view(dc.bitmap->pixels(raster::common(box, clipBox(dc)))), rop(operation)
     {
         if (!needsPattern(rop))
             return;
@@ -56,23 +76,17 @@ public:
 
     void write(int y, int from, int to, const std::uint32_t* values) const
     {
-        if (rop == SRCCOPY && view.depth != 1)
-        {
-            if (view.depth == 32)
-                std::memcpy(view.row(y) + 4 * std::ptrdiff_t(from), values, 4 * std::size_t(to - from));
-            else
-                std::transform(values, values + (to - from), view.row(y) + from,
-                               [](std::uint32_t v) { return std::uint8_t(v); });
-            return;
-        }
-        if (view.depth == 32 &&
-            combineRow(rop, reinterpret_cast<std::uint32_t*>(view.row(y)) + from, values, to - from))
-            return;
-        for (int x = from; x < to; ++x)
-        {
-            const std::uint32_t p = pattern.values.empty() ? brush : pattern.values[pattern.index(x, y)];
-            view.setPixel(x, y, combine(rop, p, values[x - from], view.pixel(x, y)));
-        }
+        std::uint8_t* const row = view.row(y);
+        if (pattern.values.empty() && view.depth == 32)
+            combineRow(reinterpret_cast<std::uint32_t*>(row) + from, values, to - from, rop, brush);
+        else if (pattern.values.empty() && view.depth == 8)
+            combineRow(row + from, values, to - from, rop, brush);
+        else
+            for (int x = from; x < to; ++x)
+            {
+                const std::uint32_t p = pattern.values.empty() ? brush : pattern.values[pattern.index(x, y)];
+                view.setPixel(x, y, combine(rop, p, values[x - from], view.pixel(x, y)));
+            }
     }
 
 private:
@@ -102,7 +116,6 @@ struct Snapshot
 // Without stretching or mirroring.
 void copy(const Dc& target, const BlitBox& to, const BlitSource& source, const BlitBox& from, DWORD rop)
 {
-    const PixelView view = target.bitmap->pixels();
     const std::int64_t dx = from.left() - to.left(), dy = from.top() - to.top();
     const std::int64_t width = std::abs(to.width), height = std::abs(to.height);
     // Where both the target box and the source lie.
@@ -110,23 +123,27 @@ void copy(const Dc& target, const BlitBox& to, const BlitSource& source, const B
                    raster::saturated(std::min(to.left() + width, source.view.width - dx)),
                    raster::saturated(std::min(to.top() + height, source.view.height - dy))};
     RowConverter converter(target, source);
-    const RowWriter writer(target, rop);
+    const RowWriter writer(target, rop, box);
+    const PixelView view = target.bitmap->pixels(RECT{});
     const bool bytes = converter.copies() && rop == SRCCOPY && view.depth != 1;
     std::vector<std::uint32_t> values;
+    // Within one bitmap, rows that are still to be read are written last.
+    const bool fromBelow = source.view.top == view.top && dy < 0;
     for (const RECT& visible : target.visible())
     {
         const RECT r = raster::common(visible, box);
-        if (r.left >= r.right)
+        if (raster::isEmpty(r))
             continue;
         values.resize(std::size_t(r.right - r.left));
-        for (int y = r.top; y < r.bottom; ++y)
+        for (int i = 0; i < r.bottom - r.top; ++i)
         {
+            const int y = fromBelow ? r.bottom - 1 - i : r.top + i;
             const int sx = int(r.left + dx), sy = int(y + dy);
             if (bytes)
             {
                 const std::ptrdiff_t size = view.depth / 8;
-                std::memcpy(view.row(y) + r.left * size, source.view.row(sy) + sx * size,
-                            std::size_t((r.right - r.left) * size));
+                std::memmove(view.row(y) + r.left * size, source.view.row(sy) + sx * size,
+                             std::size_t((r.right - r.left) * size));
                 continue;
             }
             converter.convert(sy, sx, sx + r.right - r.left, values.data());
@@ -150,70 +167,126 @@ void forEachRun(const std::vector<AxisRange>& columns, Visit visit)
     }
 }
 
-void stretch(const Dc& target, const BlitBox& to, const BlitSource& source, const BlitBox& from, DWORD rop)
+// Rows of a stretched source, made from as many source rows and columns as each pixel stands for.
+class RowStretcher
 {
-    const RECT box{raster::saturated(to.left()), raster::saturated(to.top()),
-                   raster::saturated(to.left() + std::abs(to.width)),
-                   raster::saturated(to.top() + std::abs(to.height))};
-    const StretchAxis across(to.x, to.width, from.x, from.width, source.view.width);
-    const StretchAxis down(to.y, to.height, from.y, from.height, source.view.height);
-    const bool picks = target.state.stretchMode != BLACKONWHITE && target.state.stretchMode != WHITEONBLACK;
-    const bool both = target.state.stretchMode == BLACKONWHITE;
-    RowConverter converter(target, source);
-    const RowWriter writer(target, rop);
-    std::vector<AxisRange> columns;
-    std::vector<std::uint32_t> sources, merged, values;
-    for (const RECT& visible : target.visible())
+public:
+    RowStretcher(RowConverter& from, const StretchAxis& columnAxis, int left, int right, int mode)
+        : converter(from), picks(mode != BLACKONWHITE && mode != WHITEONBLACK), intersects(mode == BLACKONWHITE)
     {
-        const RECT r = raster::common(visible, box);
-        if (r.left >= r.right)
-            continue;
-        columns.clear();
-        int first = INT32_MAX, end = 0;
-        for (int x = r.left; x < r.right; ++x)
+        for (int x = left; x < right; ++x)
         {
-            columns.push_back(across.sources(x));
+            columns.push_back(columnAxis.sources(x));
             if (columns.back().first >= columns.back().end)
                 continue;
             first = std::min(first, columns.back().first);
             end = std::max(end, columns.back().end);
         }
-        if (first >= end)
-            continue;
-        sources.resize(std::size_t(end - first));
         values.resize(columns.size());
+        if (first < end)
+            sources.resize(std::size_t(end - first));
+    }
+
+    bool empty() const { return first >= end; }
+    const std::vector<AxisRange>& ranges() const { return columns; }
+
+    // Where one row has to stand for all, `chosen` is it. Asked again for the same rows, nothing is done.
+    const std::uint32_t* row(const AxisRange& rows, int chosen)
+    {
+        if (rows.first == last.first && rows.end == last.end)
+            return values.data();
+        last = rows;
+        if (picks)
+            pick(chosen);
+        else
+            merge(rows);
+        return values.data();
+    }
+
+private:
+    void pick(int y)
+    {
+        const std::uint32_t* from = converter.direct(y);
+        if (from)
+            from += first;
+        else
+        {
+            converter.convert(y, first, end, sources.data());
+            from = sources.data();
+        }
+        for (std::size_t k = 0; k < columns.size(); ++k)
+        {
+            if (columns[k].first < columns[k].end)
+                values[k] = from[columns[k].end - 1 - first];
+        }
+    }
+
+    void merge(const AxisRange& rows)
+    {
+        converter.convert(rows.first, first, end, sources.data());
+        merged.resize(sources.size());
+        for (int y = rows.first + 1; y < rows.end; ++y)
+        {
+            converter.convert(y, first, end, merged.data());
+            for (std::size_t i = 0; i < sources.size(); ++i)
+                sources[i] = both(sources[i], merged[i]);
+        }
+        for (std::size_t k = 0; k < columns.size(); ++k)
+        {
+            if (columns[k].first >= columns[k].end)
+                continue;
+            std::uint32_t v = sources[std::size_t(columns[k].end - 1 - first)];
+            for (int x = columns[k].first; x + 1 < columns[k].end; ++x)
+                v = both(v, sources[std::size_t(x - first)]);
+            values[k] = v;
+        }
+    }
+
+    std::uint32_t both(std::uint32_t a, std::uint32_t b) const { return intersects ? a & b : a | b; }
+
+    RowConverter& converter;
+    bool picks, intersects;
+    std::vector<AxisRange> columns;
+    int first = INT32_MAX, end = 0; // source columns that are needed at all
+    AxisRange last{0, 0};
+    std::vector<std::uint32_t> sources, merged, values;
+};
+
+void stretch(const Dc& target, const BlitBox& to, const BlitSource& source, const BlitBox& from, DWORD rop)
+{
+    const RECT box = to.covered();
+    const StretchAxis across(to.x, to.width, from.x, from.width, source.view.width);
+    const StretchAxis down(to.y, to.height, from.y, from.height, source.view.height);
+    RowConverter converter(target, source);
+    const RowWriter writer(target, rop, box);
+    for (const RECT& visible : target.visible())
+    {
+        const RECT r = raster::common(visible, box);
+        if (raster::isEmpty(r))
+            continue;
+        RowStretcher stretcher(converter, across, r.left, r.right, target.state.stretchMode);
+        if (stretcher.empty())
+            continue;
         for (int y = r.top; y < r.bottom; ++y)
         {
             const AxisRange rows = down.sources(y);
             if (rows.first >= rows.end)
                 continue;
-            // Where one row has to stand for all, it is the first one met on the way through the source.
-            converter.convert(picks && down.isMirrored() ? rows.end - 1 : rows.first, first, end, sources.data());
-            for (int sy = rows.first + 1; sy < rows.end && !picks; ++sy)
-            {
-                merged.resize(sources.size());
-                converter.convert(sy, first, end, merged.data());
-                for (std::size_t i = 0; i < sources.size(); ++i)
-                    sources[i] = both ? sources[i] & merged[i] : sources[i] | merged[i];
-            }
-            forEachRun(columns,
-                       [&](std::size_t i, std::size_t last)
-                       {
-                           for (std::size_t k = i; k < last; ++k)
-                           {
-                               std::uint32_t v = sources[std::size_t(columns[k].end - 1 - first)];
-                               for (int sx = columns[k].first; sx + 1 < columns[k].end && !picks; ++sx)
-                                   v = both ? v & sources[std::size_t(sx - first)]
-                                            : v | sources[std::size_t(sx - first)];
-                               values[k] = v;
-                           }
-                           writer.write(y, r.left + int(i), r.left + int(last), values.data() + i);
-                       });
+            // The first row that is met on the way through the source.
+            const std::uint32_t* const values = stretcher.row(rows, down.isMirrored() ? rows.end - 1 : rows.first);
+            forEachRun(stretcher.ranges(), [&](std::size_t i, std::size_t last)
+                       { writer.write(y, r.left + int(i), r.left + int(last), values + i); });
         }
     }
 }
 
 } // namespace
+
+RECT BlitBox::covered() const
+{
+    return {raster::saturated(left()), raster::saturated(top()), raster::saturated(left() + std::abs(width)),
+            raster::saturated(top() + std::abs(height))};
+}
 
 BlitBox mappedBox(const Mapping& mapping, int x, int y, int width, int height)
 {
@@ -312,14 +385,23 @@ void RowConverter::convert(int y, int from, int to, std::uint32_t* out)
     }
 }
 
+const std::uint32_t* RowConverter::direct(int y) const
+{
+    return plainCopy && source.view.depth == 32 ? reinterpret_cast<const std::uint32_t*>(source.view.row(y)) : nullptr;
+}
+
 void blit(const Dc& target, const BlitBox& to, const BlitSource& from, const BlitBox& area, DWORD rop)
 {
+    // A picture whose far corner lies beyond all coordinates is not drawn at all.
+    if (to.isClamped() || area.isClamped())
+        return;
     rop &= ~(NOMIRRORBITMAP | CAPTUREBLT);
     BlitSource source = from;
+    const bool stretches = to.width != area.width || to.height != area.height;
     Snapshot snapshot;
-    if (source.view.top == target.bitmap->pixels().top)
+    if (source.view.top == target.bitmap->pixels(RECT{}).top && (stretches || target.visible().size() > 1))
         snapshot.take(source);
-    if (to.width == area.width && to.height == area.height)
+    if (!stretches)
         copy(target, to, source, area, rop);
     else if (!to.flat() && !area.flat())
         stretch(target, to, source, area, rop);

@@ -13,7 +13,14 @@ struct BlitBox
 {
     std::int64_t x, y, width, height;
 
+    RECT covered() const; // within the range of coordinates
     bool flat() const { return width == 0 || height == 0; }
+    // The far corner was taken back to the range of coordinates.
+    bool isClamped() const
+    {
+        const auto atLimit = [](std::int64_t v) { return v == INT32_MIN || v == INT32_MAX; };
+        return atLimit(x + width) || atLimit(y + height);
+    }
     std::int64_t left() const { return width < 0 ? x + width + 1 : x; }
     std::int64_t top() const { return height < 0 ? y + height + 1 : y; }
 };
@@ -44,6 +51,8 @@ public:
     RowConverter(const Dc& target, const BlitSource& source);
 
     bool copies() const { return plainCopy; } // source values are target values
+    // A row that needs no conversion, from its column 0; null if it does.
+    const std::uint32_t* direct(int y) const;
     void convert(int y, int from, int to, std::uint32_t* out);
 
 private:

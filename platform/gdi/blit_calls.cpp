@@ -34,7 +34,7 @@ void paintBox(const Dc& dc, const Ink& ink, int x, int y, int width, int height)
         corners[3] = m.toDevice(x, bottom);
     }
     for (const RECT& visible : dc.visible())
-        withSink(dc.bitmap->pixels(), ink,
+        withSink(dc.bitmap->pixels(mapping.isUpright() ? kv::raster::common(visible, box.covered()) : visible), ink,
                  [&](const auto& sink)
                  {
                      if (mapping.isUpright())
@@ -98,10 +98,10 @@ BOOL StretchBlt(HDC handle, int x, int y, int width, int height, HDC source, int
     if (!from)
         return FALSE;
     // In a turned world the corners are mapped, and the picture itself stays upright.
-    const BlitSource pixels{from->bitmap->pixels(), from->bitmap->table(), from->bitmap->isMonochrome(),
+    const BlitBox area = mappedBox(from->state.mapping, sourceX, sourceY, sourceWidth, sourceHeight);
+    const BlitSource pixels{from->bitmap->pixels(area.covered()), from->bitmap->table(), from->bitmap->isMonochrome(),
                             from->state.background};
-    blit(*dc, mappedBox(dc->state.mapping, x, y, width, height), pixels,
-         mappedBox(from->state.mapping, sourceX, sourceY, sourceWidth, sourceHeight), rop);
+    blit(*dc, mappedBox(dc->state.mapping, x, y, width, height), pixels, area, rop);
     return TRUE;
 }
 

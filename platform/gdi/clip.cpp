@@ -52,7 +52,7 @@ Area onDevice(const Mapping& mapping, RECT rect)
 
 Area currentClip(const Dc& dc)
 {
-    return dc.state.clip ? *dc.state.clip : Area(dc.bitmap->pixels().box());
+    return dc.state.clip ? *dc.state.clip : Area(dc.bitmap->box());
 }
 
 int changeClip(HDC handle, RECT rect, Area::Operation operation)
@@ -70,7 +70,7 @@ int changeClip(HDC handle, RECT rect, Area::Operation operation)
 
 Area visibleArea(const Dc& dc)
 {
-    return Area::combine(currentClip(dc), Area(dc.bitmap->pixels().box()), Area::Operation::And);
+    return Area::combine(currentClip(dc), Area(dc.bitmap->box()), Area::Operation::And);
 }
 
 // Fills the rectangles of a region given in logical coordinates.

@@ -51,7 +51,7 @@ HGDIOBJ selectBitmap(Dc& dc, HDC self, std::shared_ptr<Object> object, HGDIOBJ n
 
 std::vector<RECT> Dc::visible() const
 {
-    const RECT all = bitmap->pixels().box();
+    const RECT all = bitmap->box();
     if (!state.clip)
         return {all};
     std::vector<RECT> rects;

@@ -60,6 +60,55 @@ private:
     std::vector<std::uint32_t> values;
 };
 
+// Converts rows of a bitmap to a caller's format.
+class ColorWriter
+{
+public:
+    ColorWriter(const DibFormat& to, const Bitmap& from) : format(to), nearest(to.table)
+    {
+        const bool same = format.depth == from.depth() && sameColors(format.table, from.table());
+        for (const RGBQUAD& q : from.table())
+            values.push_back(same ? std::uint32_t(values.size()) : value(packed(q)));
+    }
+
+    void write(const PixelView& view, int y, int width, std::uint8_t* row)
+    {
+        const std::uint8_t* const from = view.row(y);
+        if (view.depth == 32)
+            store(reinterpret_cast<const std::uint32_t*>(from), width, row,
+                  [this](std::uint32_t v) { return value(v & 0xFFFFFF); });
+        else if (view.depth == 8)
+            store(from, width, row, [this](std::uint8_t v) { return values[v]; });
+        else
+            for (int x = 0; x < width; ++x)
+                format.write(row, x, values[view.pixel(x, y)]);
+    }
+
+private:
+    template <class T, class Convert>
+    void store(const T* from, int width, std::uint8_t* row, Convert convert)
+    {
+        T last = from[0];
+        std::uint32_t converted = convert(last); // pictures repeat their colours
+        for (int x = 0; x < width; ++x)
+        {
+            if (from[x] != last)
+                converted = convert(last = from[x]);
+            if (format.depth == 8)
+                row[x] = std::uint8_t(converted);
+            else if (format.plain32())
+                std::memcpy(row + 4 * std::ptrdiff_t(x), &converted, 4);
+            else
+                format.write(row, x, converted);
+        }
+    }
+    std::uint32_t value(std::uint32_t rgb) { return format.table.empty() ? rgb : std::uint32_t(nearest(rgb)); }
+
+    const DibFormat& format;
+    NearestColor nearest;
+    std::vector<std::uint32_t> values;
+};
+
 // Scan lines are counted from the bottom. In a buffer, `lines` of them from `start` on stand as one block.
 struct Lines
 {
@@ -283,26 +332,13 @@ int GetDIBits(HDC dc, HBITMAP handle, UINT start, UINT lines, LPVOID bits, BITMA
         return refused(0);
 
     const PixelView view = bitmap->pixels();
-    const bool sameTable = f->depth == bitmap->depth() && sameColors(f->table, bitmap->table());
-    std::vector<std::uint32_t> values;
-    NearestColor nearest(f->table);
-    for (const RGBQUAD& q : bitmap->table())
-        values.push_back(sameTable          ? std::uint32_t(values.size())
-                         : f->table.empty() ? packed(q)
-                                            : std::uint32_t(nearest(packed(q))));
+    const int width = std::min(f->width, view.width);
+    ColorWriter writer(*f, *bitmap);
     for (int i = 0; i < part.count; ++i)
     {
         std::uint8_t* const row = static_cast<std::uint8_t*>(bits) + f->stride * bufferRow(*f, part, i);
-        const int y = view.height - 1 - (part.start + i);
         std::memset(row, 0, std::size_t(f->stride));
-        for (int x = 0; x < std::min(f->width, view.width); ++x)
-        {
-            const std::uint32_t v = view.pixel(x, y);
-            f->write(row, x,
-                     !values.empty()    ? values[v]
-                     : f->table.empty() ? v & 0xFFFFFF
-                                        : std::uint32_t(nearest(v & 0xFFFFFF)));
-        }
+        writer.write(view, view.height - 1 - (part.start + i), width, row);
     }
     return part.count;
 }

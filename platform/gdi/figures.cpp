@@ -32,16 +32,17 @@ raster::PolygonFiller& sharedFiller()
 template <class Fill, class Line>
 void drawFigure(const Dc& dc, const Stroke& stroke, const Ink& brush, const RECT& bounds, Fill fill, Line line)
 {
-    const PixelView view = dc.bitmap->pixels();
+    const int depth = dc.bitmap->depth();
     // Where a wide line shows only once under its raster operation, or the brush would show through it, the two are
     // kept apart; otherwise the line just covers what is there.
-    const bool apart = stroke.isWide() && !stroke.penInk().overwrites(view.depth);
+    const bool apart = stroke.isWide() && !stroke.penInk().overwrites(depth);
     thread_local raster::Coverage coverage;
     for (const RECT& visible : dc.visible())
     {
         const RECT clip = raster::common(visible, bounds);
         if (raster::isEmpty(clip))
             continue;
+        const PixelView view = dc.bitmap->pixels(clip);
         if (brush && apart)
         {
             coverage.reset(clip);
@@ -53,7 +54,7 @@ void drawFigure(const Dc& dc, const Stroke& stroke, const Ink& brush, const RECT
             withSink(view, brush, [&](const auto& sink) { fill(sink, clip); });
         if (stroke.none())
             continue;
-        if (stroke.isWide() && !stroke.penInk().repeatable(view.depth))
+        if (stroke.isWide() && !stroke.penInk().repeatable(depth))
         {
             coverage.reset(clip);
             line(raster::Cover{&coverage}, clip, false);
@@ -211,11 +212,11 @@ void drawUprightEllipse(const Dc& dc, RECT box)
     box = movedIn(box, insideFrame(dc, stroke));
     if (raster::isEmpty(box))
         return;
-    const RECT visible = raster::grown(dc.bitmap->pixels().box(), stroke.width() + 2);
     const std::int64_t width = std::int64_t(box.right) - box.left, height = std::int64_t(box.bottom) - box.top;
     if (width == 1 && height == 1 && !stroke.isWide())
         return; // required: a single pixel shows nothing, unless a wide pen makes it a dot
-    const raster::Ellipse ellipse(box, visible);
+    // Wide lines do not ask for the rows of an ellipse that is too large to walk.
+    const raster::Ellipse ellipse(box, raster::grown(dc.bitmap->box(), 1));
     const Outline ring = stroke.isWide() || stroke.isDashed() ? ringOf(ellipse) : Outline();
     drawFigure(
         dc, stroke, brush, raster::grown(box, stroke.width() + 2),
@@ -270,7 +271,7 @@ double turn(Vector from, Vector to)
 // The pixels of an arc in order, the one that a stroke leaves out last.
 Outline arcPixels(const Dc& dc, const RECT& box, POINT start, POINT end)
 {
-    const raster::Ellipse ellipse(box, raster::grown(dc.bitmap->pixels().box(), 1));
+    const raster::Ellipse ellipse(box, raster::grown(dc.bitmap->box(), 1));
     const Outline ring = ringOf(ellipse);
     if (ring.empty())
         return {};
@@ -457,11 +458,14 @@ COLORREF SetPixel(HDC handle, int x, int y, COLORREF color)
     if (!dc)
         return CLR_INVALID;
     const POINT p = dc->state.mapping.device({x, y});
-    const PixelView view = dc->bitmap->pixels();
     const RasterMask mask = maskOf(dc->state.rop2, brushValue(*dc, plainColor(color)));
     for (const RECT& r : dc->visible())
-        if (PtInRect(&r, p))
-            view.setPixel(p.x, p.y, (view.pixel(p.x, p.y) & mask.keep) ^ mask.flip);
+    {
+        if (!PtInRect(&r, p))
+            continue;
+        const PixelView view = dc->bitmap->pixels({p.x, p.y, p.x + 1, p.y + 1});
+        view.setPixel(p.x, p.y, (view.pixel(p.x, p.y) & mask.keep) ^ mask.flip);
+    }
     return GetNearestColor(handle, color);
 }
 
@@ -476,10 +480,10 @@ COLORREF GetPixel(HDC handle, int x, int y)
     if (!dc)
         return CLR_INVALID;
     const POINT p = dc->state.mapping.device({x, y});
-    const RECT all = dc->bitmap->pixels().box();
+    const RECT all = dc->bitmap->box();
     if (!PtInRect(&all, p))
         return CLR_INVALID;
-    const std::uint32_t value = dc->bitmap->pixels().pixel(p.x, p.y);
+    const std::uint32_t value = dc->bitmap->pixels({p.x, p.y, p.x + 1, p.y + 1}).pixel(p.x, p.y);
     const ColorTable& table = dc->bitmap->table();
     return colorOf(table.empty() ? value & 0xFFFFFF : packed(table[value]));
 }

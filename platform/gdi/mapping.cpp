@@ -99,18 +99,15 @@ void Mapping::update()
 
 bool Mapping::toLogical(DeviceMapping& inverse) const
 {
-    const DeviceMapping& m = forward;
-    const double determinant = m.m11 * m.m22 - m.m12 * m.m21;
+    // All in single precision, as recorded: in narrow mappings the determinant's rounding decides.
+    const auto [m11, m12, m21, m22, dx, dy] = XFORM{float(forward.m11), float(forward.m12), float(forward.m21),
+                                                    float(forward.m22), float(forward.dx),  float(forward.dy)};
+    const float determinant = m11 * m22 - m12 * m21;
     if (!(std::fabs(determinant) > 1e-12) || !std::isfinite(determinant))
         return false;
-    const double m11 = m.m22 / determinant, m12 = -m.m12 / determinant, m21 = -m.m21 / determinant,
-                 m22 = m.m11 / determinant;
-    inverse = {float(m11),
-               float(m12),
-               float(m21),
-               float(m22),
-               float(-m.dx * m11 - m.dy * m21),
-               float(-m.dx * m12 - m.dy * m22)};
+    const XFORM back{m22 / determinant, -m12 / determinant, -m21 / determinant, m11 / determinant, 0, 0};
+    inverse = {
+        back.eM11, back.eM12, back.eM21, back.eM22, -dx * back.eM11 - dy * back.eM21, -dx * back.eM12 - dy * back.eM22};
     return true;
 }
 

@@ -82,6 +82,17 @@ RasterMask maskOf(int rop2, std::uint32_t pen)
     return {ofClear ^ ofSet, ofClear};
 }
 
+std::vector<RasterMask> patternMasks(const Ink& ink)
+{
+    const Pattern& pattern = ink.pattern;
+    std::vector<RasterMask> masks;
+    masks.reserve(pattern.values.size());
+    for (std::size_t i = 0; i < pattern.values.size(); ++i)
+        masks.push_back(pattern.painted.empty() || pattern.painted[i] ? maskOf(ink.rop2, pattern.values[i])
+                                                                      : RasterMask{~0u, 0});
+    return masks;
+}
+
 bool Ink::repeatable(int depth) const
 {
     if (kind == Kind::Patterned)

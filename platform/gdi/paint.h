@@ -61,28 +61,55 @@ std::uint32_t penValue(const Dc& dc, COLORREF color);
 // The brush's pattern in the values of the target; `dc` gives the colours of monochrome patterns and hatches.
 Pattern patternOf(const Dc& dc);
 
-struct PatternSink
+// What painting with each pixel of a patterned ink does.
+std::vector<RasterMask> patternMasks(const Ink& ink);
+
+// Paints with a pattern whose effect on pixels is known for each of its own.
+class PatternSink
 {
-    PixelView view;
-    const Pattern* pattern;
-    int rop2;
+public:
+    PatternSink(const PixelView& target, const Pattern& with, const std::vector<RasterMask>& effects)
+        : view(target), pattern(&with), masks(effects.data())
+    {
+    }
 
     void pixel(int x, int y) const
     {
-        const std::size_t i = pattern->index(x, y);
-        if (!pattern->painted.empty() && !pattern->painted[i])
-            return;
-        const RasterMask m = maskOf(rop2, pattern->values[i]);
+        const RasterMask m = masks[pattern->index(x, y)];
         view.setPixel(x, y, (view.pixel(x, y) & m.keep) ^ m.flip);
     }
     void span(int y, int from, int to) const
     {
-        for (int x = from; x < to; ++x)
-            pixel(x, y);
+        std::uint8_t* const row = view.row(y);
+        if (view.depth == 32)
+            paint(reinterpret_cast<std::uint32_t*>(row), y, from, to);
+        else if (view.depth == 8)
+            paint(row, y, from, to);
+        else
+            for (int x = from; x < to; ++x)
+                pixel(x, y);
     }
     raster::PixelCursor<PatternSink> cursor(int x, int y, raster::Step major, raster::Step minor) const
     {
         return {this, x, y, major, minor};
+    }
+
+private:
+    PixelView view;
+    const Pattern* pattern;
+    const RasterMask* masks;
+
+    template <class T>
+    void paint(T* row, int y, int from, int to) const
+    {
+        const std::size_t start = pattern->index(from, y);
+        const RasterMask* const line = masks + start / std::size_t(pattern->width) * std::size_t(pattern->width);
+        int column = int(start % std::size_t(pattern->width));
+        for (int x = from; x < to; ++x)
+        {
+            row[x] = T((row[x] & line[column].keep) ^ line[column].flip);
+            column = column + 1 == pattern->width ? 0 : column + 1;
+        }
     }
 };
 
@@ -93,7 +120,8 @@ void withSink(const PixelView& view, const Ink& ink, Draw draw)
     using namespace raster;
     if (ink.kind == Ink::Kind::Patterned)
     {
-        draw(PatternSink{view, &ink.pattern, ink.rop2});
+        const std::vector<RasterMask> masks = patternMasks(ink);
+        draw(PatternSink(view, ink.pattern, masks));
         return;
     }
     const RasterMask m = maskOf(ink.rop2, ink.value);

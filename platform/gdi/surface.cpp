@@ -28,12 +28,20 @@ POINT DeviceMapping::toDevice(double x, double y) const
     return {nearest(x * m11 + y * m21 + dx), nearest(x * m12 + y * m22 + dy)};
 }
 
+bool setPendingPixels(HBITMAP handle, PendingPixels* pixels)
+{
+    const auto bitmap = find<Bitmap>(handle);
+    if (bitmap)
+        bitmap->setPending(pixels);
+    return bitmap != nullptr;
+}
+
 bool surfaceOf(HDC handle, Surface& surface)
 {
     const auto dc = findDc(handle);
     if (!dc)
         return false;
-    const PixelView view = dc->bitmap->pixels();
+    const PixelView view = dc->bitmap->pixels(RECT{});
     surface.top = view.top;
     surface.stride = view.stride;
     surface.width = view.width;
@@ -45,6 +53,7 @@ bool surfaceOf(HDC handle, Surface& surface)
     for (const RECT& r : surface.clip)
         surface.clipBox = {std::min(surface.clipBox.left, r.left), std::min(surface.clipBox.top, r.top),
                            std::max(surface.clipBox.right, r.right), std::max(surface.clipBox.bottom, r.bottom)};
+    dc->bitmap->pixels(surface.clipBox);
     surface.mapping = dc->state.mapping.toDevice();
     return true;
 }

@@ -34,8 +34,23 @@ struct Surface
     std::uint8_t* row(int y) const { return top + stride * y; }
 };
 
+// Pixels of a bitmap that have not been written yet, such as those of a picture that may never be looked at. Before a
+// call reads or changes pixels of the bitmap, it has the missing ones among them written.
+class PendingPixels
+{
+public:
+    virtual ~PendingPixels() = default;
+    // Writes what is missing of a rectangle of the bitmap, which may reach beyond it. Draws with no context.
+    virtual void write(const RECT& box) = 0;
+};
+
+// From now on `pixels` (not owned) stands for the missing pixels of a bitmap; null if none are missing. False for a
+// handle that is no bitmap.
+bool setPendingPixels(HBITMAP bitmap, PendingPixels* pixels);
+
 // Fills in `surface` from a context and the bitmap selected into it; false for a handle that is no context.
-// Pointers hold until the bitmap is deselected or deleted; mapping and clip are as of the call.
+// Pending pixels are written inside the clip only. Pointers hold until the bitmap is deselected or deleted; mapping and
+// clip are as of the call.
 bool surfaceOf(HDC dc, Surface& surface);
 
 } // namespace kv::gdi

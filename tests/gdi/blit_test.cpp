@@ -156,6 +156,19 @@ TEST(StretchBlt, CoversTheWholeRangeOfCoordinates)
     EXPECT_EQ(c.count(), 16);
 }
 
+TEST(StretchBlt, DrawsNothingIfTheFarCornerLiesBeyondAllCoordinates)
+{
+    Canvas c(8, 8), source(3, 3);
+    PatBlt(source.dc, 0, 0, 3, 3, WHITENESS);
+    SetMapMode(c.dc, MM_ANISOTROPIC);
+    SetViewportExtEx(c.dc, 8, 8, nullptr);
+    EXPECT_TRUE(StretchBlt(c.dc, 0, 0, -300000000, 3, source.dc, 0, 0, -300000000, 3, SRCCOPY));
+    EXPECT_TRUE(StretchBlt(c.dc, 0, 0, 3, 300000000, source.dc, 0, 0, 3, 300000000, SRCCOPY));
+    EXPECT_EQ(c.count(), 0);
+    EXPECT_TRUE(PatBlt(c.dc, 0, 0, 3, 300000000, WHITENESS));
+    EXPECT_EQ(c.count(), 64);
+}
+
 TEST(Rects, AreFilledFramedAndInverted)
 {
     Canvas c(6, 6);

@@ -255,6 +255,14 @@ TEST(Ellipses, LargerThanCanBeWalkedStillFill)
     EXPECT_NE(c.at(40, 25), 0u);
 }
 
+TEST(Ellipses, LargerThanCanBeWalkedAreDrawnWithAHugePen)
+{
+    Canvas c(8, 8);
+    const Selected pen(c.dc, CreatePen(PS_SOLID, 1 << 27, RGB(255, 255, 255)));
+    EXPECT_TRUE(Ellipse(c.dc, -1000000, -100000000, 1000000, 100000000));
+    EXPECT_EQ(c.count(), 64);
+}
+
 TEST(Ellipses, TurnWithTheWorld)
 {
     Canvas c(60, 60);

@@ -139,3 +139,18 @@ TEST(Mapping, ScaledExtentsNeverReachZero)
     EXPECT_EQ(extent.cy, -150);
     EXPECT_FALSE(ScaleWindowExtEx(c.dc, 1, 0, 1, 1, nullptr));
 }
+
+TEST(Mapping, TheWayBackIsComputedInSinglePrecision)
+{
+    Canvas c(8, 8);
+    SetGraphicsMode(c.dc, GM_ADVANCED);
+    SetMapMode(c.dc, MM_ANISOTROPIC);
+    SetWindowExtEx(c.dc, 675, 335, nullptr);
+    SetViewportExtEx(c.dc, 7, 283, nullptr);
+    const XFORM turn{0.8f, -0.6f, 0.6f, 0.8f, 10, -15};
+    SetWorldTransform(c.dc, &turn);
+    POINT p{-1400, -937};
+    ASSERT_TRUE(DPtoLP(c.dc, &p, 1));
+    EXPECT_EQ(p.x, -107351); // as recorded; in double precision -107352
+    EXPECT_EQ(p.y, -81881);
+}

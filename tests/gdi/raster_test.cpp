@@ -161,8 +161,8 @@ TEST(Raster, OneBitSpansTouchOnlyTheirBits)
     for (int from = 0; from < 20; ++from)
         for (int to = from + 1; to < 40; ++to)
         {
-            std::uint8_t row[6] = {};
-            BitFill{{row, 6}, 1, 1}.span(0, from, to);
+            std::uint8_t row[16] = {};
+            BitFill{{row, 16}, 1, 1}.span(0, from, to);
             for (int x = 0; x < 48; ++x)
                 ASSERT_EQ(row[x / 8] >> (7 - x % 8) & 1, x >= from && x < to);
         }
@@ -260,7 +260,7 @@ TEST(Raster, FarDashesKeepTheirPlaces)
 TEST(Raster, EllipsesOfWalkedAndComputedSizeAgree)
 {
     // Just beyond the size that is walked, the curve comes from its closed form: rows may differ by a pixel.
-    const int size = 1 << 19;
+    const int size = 1 << 16;
     const RECT visible{0, 0, 60, 60};
     const Ellipse walked({10, -size / 2 + 30, 10 + size, size / 2 + 30}, visible);
     const Ellipse computed({10, -size / 2 + 29, 12 + size, size / 2 + 31}, visible);

@@ -10,7 +10,7 @@ namespace
 {
 
 // Up to this size the error terms fit into 64 bits, and walking is quick.
-constexpr std::int64_t walkLimit = 1 << 19;
+constexpr std::int64_t walkLimit = 1 << 16;
 
 } // namespace
 

@@ -3,25 +3,8 @@
 
 #include "platform/gdi/raster/rect.h"
 
-#include <cmath>
-
 namespace kv::raster
 {
-
-Quadrangle slantedSegment(const Segment& segment, const Segment& line, int width)
-{
-    const double dx = double(line.to.x) - line.from.x, dy = double(line.to.y) - line.from.y;
-    const double length = std::sqrt(dx * dx + dy * dy);
-    const std::int64_t x = std::int64_t(std::floor(width * std::fabs(dy) / length)) + 1;
-    const std::int64_t y = std::int64_t(std::floor(width * std::fabs(dx) / length)) + 1;
-    // Across the line, upward or downward on the side that lies to the right.
-    const int slope = (dx < 0) == (dy < 0) ? -1 : 1;
-    const auto right = [&](POINT p) {
-        return POINT{saturated(p.x + (x + 1) / 2), saturated(p.y + slope * ((y + 1) / 2))};
-    };
-    const auto left = [&](POINT p) { return POINT{saturated(p.x - x / 2), saturated(p.y - slope * (y / 2))}; };
-    return {{right(segment.from), right(segment.to), left(segment.to), left(segment.from)}};
-}
 
 WidePen::WidePen(int width) : size(std::max(width, 1))
 {

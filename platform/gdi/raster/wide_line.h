@@ -6,6 +6,7 @@
 #include "platform/gdi/raster/polygon.h"
 #include "platform/gdi/raster/rect.h"
 
+#include <cmath>
 #include <span>
 
 namespace kv::raster
@@ -22,7 +23,21 @@ struct Quadrangle
 {
     POINT corners[4];
 };
-Quadrangle slantedSegment(const Segment& segment, const Segment& line, int width);
+inline Quadrangle slantedSegment(const Segment& segment, const Segment& line, int width)
+{
+    const double dx = double(line.to.x) - line.from.x, dy = double(line.to.y) - line.from.y;
+    const double length = std::sqrt(dx * dx + dy * dy);
+    // Neither is negative, so that they are rounded down.
+    const std::int64_t x = std::int64_t(width * std::fabs(dy) / length) + 1;
+    const std::int64_t y = std::int64_t(width * std::fabs(dx) / length) + 1;
+    // Across the line, upward or downward on the side that lies to the right.
+    const int slope = (dx < 0) == (dy < 0) ? -1 : 1;
+    const auto right = [&](POINT p) {
+        return POINT{saturated(p.x + (x + 1) / 2), saturated(p.y + slope * ((y + 1) / 2))};
+    };
+    const auto left = [&](POINT p) { return POINT{saturated(p.x - x / 2), saturated(p.y - slope * (y / 2))}; };
+    return {{right(segment.from), right(segment.to), left(segment.to), left(segment.from)}};
+}
 
 namespace detail
 {
@@ -37,6 +52,25 @@ inline NearEdge edgeAlong(POINT from, const NearEdge& vector)
     return edge;
 }
 
+// Rows between two edges that do not cross and stay inside the clip.
+template <class Sink>
+void fillInside(const Sink& target, NearEdge& left, NearEdge& right, int y, int end)
+{
+    const Sink sink = target; // pixels written might be thought to lie in the original
+    NearEdge a = left, b = right;
+    for (; y < end; ++y)
+    {
+        if (a.x < b.x)
+            sink.span(y, a.x, b.x);
+        a.advance();
+        b.advance();
+    }
+    left.x = a.x;
+    left.error = a.error;
+    right.x = b.x;
+    right.error = b.error;
+}
+
 } // namespace detail
 
 // Opposite sides of a quadrangle are equal, so that two of its four edges are computed.
@@ -44,28 +78,40 @@ template <class Sink>
 void fillQuadrangle(const Sink& sink, const RECT& clip, const Quadrangle& q, PolygonFiller& filler)
 {
     const POINT* const c = q.corners;
-    const std::size_t top = c[0].y < c[1].y ? (c[0].y < c[3].y ? 0 : 3) : c[1].y < c[2].y ? 1 : 2;
-    const POINT a = c[top], b = c[(top + 1) % 4], d = c[(top + 3) % 4], far = c[(top + 2) % 4];
-    const bool inside = isNear(a) && isNear(far) && a.y >= clip.top && far.y <= clip.bottom && b.y > a.y && d.y > a.y;
-    NearEdge along, across;
-    if (!inside || !makeEdge(along, a, b, clip) || !makeEdge(across, a, d, clip))
+    const std::size_t highest = c[0].y < c[1].y ? (c[0].y < c[3].y ? 0 : 3) : c[1].y < c[2].y ? 1 : 2;
+    const POINT top = c[highest], bottom = c[(highest + 2) % 4];
+    POINT left = c[(highest + 1) % 4], right = c[(highest + 3) % 4];
+    const bool rowsInside = isNear(top) && isNear(bottom) && top.y >= clip.top && bottom.y <= clip.bottom;
+    if (!rowsInside || left.y <= top.y || right.y <= top.y)
+        return filler.fill(sink, clip, q.corners, FillRule::Winding);
+    if (std::int64_t(left.x - top.x) * (right.y - top.y) > std::int64_t(right.x - top.x) * (left.y - top.y))
+        std::swap(left, right);
+    NearEdge toLeft, toRight;
+    if (!makeEdge(toLeft, top, left, clip) || !makeEdge(toRight, top, right, clip))
+        return filler.fill(sink, clip, q.corners, FillRule::Winding);
+
+    const auto fill = [&](auto between)
     {
-        filler.fill(sink, clip, q.corners, FillRule::Winding);
-        return;
-    }
-    NearEdge one = along, other = across;
-    const int first = std::min(b.y, d.y), second = std::max(b.y, d.y);
-    detail::fillBetween(sink, clip, one, other, a.y, first);
-    if (b.y == first)
-        one = detail::edgeAlong(b, across);
+        NearEdge from = toLeft, to = toRight;
+        const bool leftFirst = left.y < right.y;
+        between(from, to, top.y, std::min(left.y, right.y));
+        if (leftFirst)
+            from = detail::edgeAlong(left, toRight);
+        else
+            to = detail::edgeAlong(right, toLeft);
+        between(from, to, std::min(left.y, right.y), std::max(left.y, right.y));
+        if (leftFirst)
+            to = detail::edgeAlong(right, toLeft);
+        else
+            from = detail::edgeAlong(left, toRight);
+        between(from, to, std::max(left.y, right.y), bottom.y);
+    };
+    const bool columnsInside =
+        std::min({left.x, top.x, bottom.x}) >= clip.left && std::max({right.x, top.x, bottom.x}) <= clip.right;
+    if (columnsInside)
+        fill([&](NearEdge& from, NearEdge& to, int y, int end) { detail::fillInside(sink, from, to, y, end); });
     else
-        other = detail::edgeAlong(d, along);
-    detail::fillBetween(sink, clip, one, other, first, second);
-    if (first == second || b.y == first)
-        other = detail::edgeAlong(d, along);
-    else
-        one = detail::edgeAlong(b, across);
-    detail::fillBetween(sink, clip, one, other, second, far.y);
+        fill([&](NearEdge& from, NearEdge& to, int y, int end) { detail::fillBetween(sink, clip, from, to, y, end); });
 }
 
 class WidePen

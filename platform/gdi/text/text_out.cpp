@@ -54,13 +54,13 @@ void fillBand(const Dc& dc, const std::vector<RECT>& clips, const Placement& at,
               COLORREF color)
 {
     const POINT corners[] = {at.at(0, low), at.at(width, low), at.at(width, high), at.at(0, high)};
+    const auto [left, right] = std::ranges::minmax(corners, {}, &POINT::x);
+    const auto [upper, lower] = std::ranges::minmax(corners, {}, &POINT::y);
+    const RECT bounds = raster::grown({left.x, upper.y, right.x, lower.y}, 1);
     raster::PolygonFiller filler;
-    withSink(dc.bitmap->pixels(), inkOf(dc, color),
-             [&](const auto& sink)
-             {
-                 for (const RECT& clip : clips)
-                     filler.fill(sink, clip, corners, raster::FillRule::Alternate);
-             });
+    for (const RECT& clip : clips)
+        withSink(dc.bitmap->pixels(raster::common(clip, bounds)), inkOf(dc, color),
+                 [&](const auto& sink) { filler.fill(sink, clip, corners, raster::FillRule::Alternate); });
 }
 
 std::uint32_t blended(std::uint32_t below, std::uint32_t color, std::uint32_t coverage)
@@ -74,11 +74,12 @@ std::uint32_t blended(std::uint32_t below, std::uint32_t color, std::uint32_t co
     return result;
 }
 
-void drawGlyph(const PixelView& view, const RECT& clip, const Glyph& glyph, POINT origin, std::uint32_t value)
+void drawGlyph(const Bitmap& bitmap, const RECT& clip, const Glyph& glyph, POINT origin, std::uint32_t value)
 {
     const RECT box{origin.x + glyph.left, origin.y + glyph.top, origin.x + glyph.left + glyph.width,
                    origin.y + glyph.top + glyph.height};
     const RECT part = raster::common(box, clip);
+    const PixelView view = bitmap.pixels(part);
     for (int y = part.top; y < part.bottom; ++y)
     {
         const std::uint8_t* const row = glyph.coverage.data() + std::ptrdiff_t(y - box.top) * glyph.width - box.left;
@@ -129,8 +130,7 @@ void drawLine(const Dc& dc, const TextFont& font, const TextLine& line, double x
     if (dc.state.backgroundMode == OPAQUE)
         fillBand(dc, clips, at, double(line.width), -font.descent(), font.ascent(), dc.state.background);
 
-    const PixelView view = dc.bitmap->pixels();
-    const bool smooth = view.depth == 32 && dc.font->log.lfQuality != NONANTIALIASED_QUALITY;
+    const bool smooth = dc.bitmap->depth() == 32 && dc.font->log.lfQuality != NONANTIALIASED_QUALITY;
     const std::uint32_t value = brushValue(dc, plainColor(dc.state.text));
     std::int64_t done = 0;
     for (std::size_t i = 0; i < line.characters.size() && !clips.empty(); ++i)
@@ -139,7 +139,7 @@ void drawLine(const Dc& dc, const TextFont& font, const TextLine& line, double x
         done += line.advances[i];
         const Glyph glyph = font.render(line.characters[i], smooth);
         for (const RECT& r : clips)
-            drawGlyph(view, r, glyph, origin, value);
+            drawGlyph(*dc.bitmap, r, glyph, origin, value);
     }
     const auto rule = [&](TextFont::Rule r)
     { fillBand(dc, clips, at, double(line.width), r.offset - r.thickness, r.offset, dc.state.text); };
