@@ -49,9 +49,15 @@ int KvException::GetErrorMessage(wchar_t* error, unsigned maxError, unsigned* he
     return CopyMessage(GetMessageW().Text(), error, maxError);
 }
 
-KvString KvException::GetMessageW() const { return BuildMessage(); }
+KvString KvException::GetMessageW() const
+{
+    return BuildMessage();
+}
 
-KvString KvException::BuildMessage() const { return text; }
+KvString KvException::BuildMessage() const
+{
+    return text;
+}
 
 KvGDIException::KvGDIException(const KvString& file, unsigned long line, const KvString& function,
                                unsigned long lastError)

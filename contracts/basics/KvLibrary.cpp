@@ -36,6 +36,9 @@ void DetachLibrary()
     resourceModule = nullptr;
 }
 
-CDynLinkLibrary* GetResourceModule() { return resourceModule; }
+CDynLinkLibrary* GetResourceModule()
+{
+    return resourceModule;
+}
 
 } // namespace KvN

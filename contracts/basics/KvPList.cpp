@@ -7,9 +7,15 @@
 namespace KvN
 {
 
-CPList::~CPList() { Clear(); }
+CPList::~CPList()
+{
+    Clear();
+}
 
-long CPList::AddEntry(void* entry) { return InsertEntry(NumEntries(), entry); }
+long CPList::AddEntry(void* entry)
+{
+    return InsertEntry(NumEntries(), entry);
+}
 
 long CPList::InsertEntry(unsigned long index, void* entry)
 {

@@ -32,14 +32,32 @@ struct KvVec2d
     KvVec2d Unit() const;
 };
 
-constexpr KvVec2d operator+(const KvVec2d& a, const KvVec2d& b) { return {a.x + b.x, a.y + b.y}; }
-constexpr KvVec2d operator-(const KvVec2d& a, const KvVec2d& b) { return {a.x - b.x, a.y - b.y}; }
-constexpr KvVec2d operator*(const KvVec2d& a, double s) { return {a.x * s, a.y * s}; }
-constexpr KvVec2d operator*(double s, const KvVec2d& a) { return {a.x * s, a.y * s}; }
+constexpr KvVec2d operator+(const KvVec2d& a, const KvVec2d& b)
+{
+    return {a.x + b.x, a.y + b.y};
+}
+constexpr KvVec2d operator-(const KvVec2d& a, const KvVec2d& b)
+{
+    return {a.x - b.x, a.y - b.y};
+}
+constexpr KvVec2d operator*(const KvVec2d& a, double s)
+{
+    return {a.x * s, a.y * s};
+}
+constexpr KvVec2d operator*(double s, const KvVec2d& a)
+{
+    return {a.x * s, a.y * s};
+}
 // Multiplies by the reciprocal: one division, and the rounding that the geometry is stated with.
-constexpr KvVec2d operator/(const KvVec2d& a, double s) { return a * (1.0 / s); }
+constexpr KvVec2d operator/(const KvVec2d& a, double s)
+{
+    return a * (1.0 / s);
+}
 // The dot product.
-constexpr double operator*(const KvVec2d& a, const KvVec2d& b) { return a.x * b.x + a.y * b.y; }
+constexpr double operator*(const KvVec2d& a, const KvVec2d& b)
+{
+    return a.x * b.x + a.y * b.y;
+}
 
 inline constexpr KvVec2d KvVec2d::XUnit{1.0, 0.0};
 

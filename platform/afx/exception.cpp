@@ -35,5 +35,11 @@ int CResourceException::GetErrorMessage(wchar_t* error, unsigned maxError, unsig
     return CopyMessage(message, error, maxError);
 }
 
-void AfxThrowResourceException(const CStringT& what) { throw new CResourceException(what); }
-void AfxThrowUserException() { throw new CUserException; }
+void AfxThrowResourceException(const CStringT& what)
+{
+    throw new CResourceException(what);
+}
+void AfxThrowUserException()
+{
+    throw new CUserException;
+}

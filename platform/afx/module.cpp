@@ -25,7 +25,10 @@ CDynLinkLibrary::CDynLinkLibrary(AFX_EXTENSION_MODULE& state, bool) : image(stat
     Chain().insert(Chain().begin(), this);
 }
 
-CDynLinkLibrary::~CDynLinkLibrary() { std::erase(Chain(), this); }
+CDynLinkLibrary::~CDynLinkLibrary()
+{
+    std::erase(Chain(), this);
+}
 
 const CDynLinkLibrary* AfxFindResourceHandle(ResourceKind kind, unsigned id)
 {

@@ -36,7 +36,10 @@ protected:
 #define DECLARE_DYNAMIC(class_name)                                                                                    \
 public:                                                                                                                \
     static CRuntimeClass class##class_name;                                                                            \
-    CRuntimeClass* GetRuntimeClass() const override { return &class##class_name; }
+    CRuntimeClass* GetRuntimeClass() const override                                                                    \
+    {                                                                                                                  \
+        return &class##class_name;                                                                                     \
+    }
 
 #define DECLARE_DYNCREATE(class_name)                                                                                  \
     DECLARE_DYNAMIC(class_name)                                                                                        \
@@ -46,6 +49,9 @@ public:                                                                         
     CRuntimeClass class_name::class##class_name = {#class_name, nullptr, RUNTIME_CLASS(base_class_name)};
 
 #define IMPLEMENT_DYNCREATE(class_name, base_class_name)                                                               \
-    CObject* class_name::CreateObject() { return new class_name; }                                                     \
+    CObject* class_name::CreateObject()                                                                                \
+    {                                                                                                                  \
+        return new class_name;                                                                                         \
+    }                                                                                                                  \
     CRuntimeClass class_name::class##class_name = {#class_name, &class_name::CreateObject,                             \
                                                    RUNTIME_CLASS(base_class_name)};

@@ -16,7 +16,10 @@ Number Read(Bytes bytes, size_t at)
     return number;
 }
 
-constexpr size_t Aligned(size_t at) { return (at + 3) & ~size_t(3); }
+constexpr size_t Aligned(size_t at)
+{
+    return (at + 3) & ~size_t(3);
+}
 
 // A kind or name: 0xFFFF and a number, or text, which gives nothing here: no resource of ours is named by text.
 std::optional<std::uint16_t> ReadId(Bytes header, size_t& at)

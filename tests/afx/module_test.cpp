@@ -12,9 +12,9 @@ namespace
 std::vector<unsigned char> OneText(unsigned char block, char letter)
 {
     std::vector<unsigned char> bytes = {34, 0, 0, 0, 32, 0, 0, 0, 0xFF, 0xFF, 6, 0, 0xFF, 0xFF, block, 0};
-    bytes.resize(32);
-    bytes.insert(bytes.end(), {1, 0, static_cast<unsigned char>(letter), 0});
     bytes.resize(32 + 34);
+    bytes[32] = 1; // the text's length
+    bytes[34] = static_cast<unsigned char>(letter);
     return bytes;
 }
 } // namespace

@@ -38,6 +38,10 @@ TEST(KvTRectangle, FromPositionAndSize)
     EXPECT_EQ(r, KvTRectangle<short>(2, 3, 11, -32768));
     EXPECT_EQ(r.Width(), 10);
     EXPECT_EQ(r.Height(), 0);
+    const KvTRectangle<short> flat(KvTPoint<short>(0, 0), KvTSize<short>(0, 5));
+    EXPECT_EQ(flat, KvTRectangle<short>(0, 0, -32768, 4));
+    EXPECT_EQ(flat.Width(), 0);
+    EXPECT_EQ(flat.Height(), 5);
 }
 
 TEST(KvTRectangle, WrapsAtTheWidthOfItsNumbers)
