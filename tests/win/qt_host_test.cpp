@@ -5,6 +5,7 @@
 
 #include <QPixmap>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <QWidget>
 
@@ -103,6 +104,52 @@ TEST_F(QtHosts, AHostThatGoesTakesItsWindowsAlong)
     EXPECT_FALSE(IsWindow(handle));
     EXPECT_EQ(child.m_hWnd, nullptr);
     EXPECT_EQ(child.Count(WM_NCDESTROY), 1);
+}
+
+TEST_F(QtHosts, ADialogIsCentredOverTheWholeWindowOfItsHost)
+{
+    QWidget window; // within a screen of 400 by 400 units, as it is at twice the scale
+    window.setGeometry(20, 10, 360, 300);
+    QWidget pane(&window);
+    pane.setGeometry(10, 20, 100, 50);
+    window.show();
+    Settle();
+    RecordingWnd dialog;
+    ASSERT_TRUE(dialog.CreateEx(0, AfxRegisterWndClass(0), CString(), WS_POPUP, CRect(0, 0, 200, 100),
+                                CWnd::FromHandle(HostWindow(&pane)), 0));
+    dialog.CenterWindow();
+    CRect place;
+    dialog.GetWindowRect(&place);
+    EXPECT_EQ(place, CRect(CPoint(20 + 80, 10 + 100), CSize(200, 100)));
+}
+
+TEST_F(QtHosts, ADialogAtTheScreensEdgeIsInSight)
+{
+    QWidget window;
+    const QRect screen = window.screen()->availableGeometry();
+    const auto placeOver = [&](const QRect& host, CSize size)
+    {
+        window.setGeometry(host);
+        window.show();
+        Settle();
+        RecordingWnd dialog;
+        EXPECT_TRUE(dialog.CreateEx(0, AfxRegisterWndClass(0), CString(), WS_POPUP, CRect(CPoint(0, 0), size),
+                                    CWnd::FromHandle(HostWindow(&window)), 0));
+        dialog.CenterWindow();
+        CRect place;
+        dialog.GetWindowRect(&place);
+        dialog.DestroyWindow();
+        return place;
+    };
+    const QPoint end(screen.x() + screen.width(), screen.y() + screen.height());
+    EXPECT_EQ(placeOver(QRect(end.x() - 100, end.y() - 80, 100, 80), CSize(200, 150)),
+              CRect(CPoint(end.x() - 200, end.y() - 150), CSize(200, 150)));
+    EXPECT_EQ(placeOver(QRect(screen.x(), screen.y(), 100, 80), CSize(200, 150)),
+              CRect(CPoint(screen.x(), screen.y()), CSize(200, 150)));
+    const CSize large(screen.width() + 50, screen.height() + 70);
+    EXPECT_EQ(placeOver(QRect(screen.x() + 300, screen.y() + 300, 100, 80), large),
+              CRect(CPoint(screen.x(), screen.y()), large))
+        << "its upper left corner";
 }
 
 TEST_F(QtHosts, AHostsOwnWidgetKeepsItsInput)

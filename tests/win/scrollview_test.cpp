@@ -127,6 +127,19 @@ TEST_F(ScrollViews, BarsShowWhereTheContentIsLarger)
     EXPECT_EQ(Client(), CSize(181, 131)) << "one bar makes the other needed";
 }
 
+TEST_F(ScrollViews, TheCornerBetweenTheBarsHasTheFaceColor)
+{
+    view->SetScrollSizes(MM_TEXT, CSize(1000, 1000));
+    Settle();
+    const COLORREF face = ::GetSysColor(COLOR_BTNFACE);
+    const std::uint32_t wanted =
+        static_cast<std::uint32_t>(GetRValue(face) << 16 | GetGValue(face) << 8 | GetBValue(face));
+    const Picture shown = PictureOf(view->m_hWnd);
+    const int border = 1;
+    EXPECT_EQ(shown.At(border + Client().cx + 8, border + Client().cy + 8), wanted);
+    EXPECT_EQ(shown.At(shown.width - border - 1, shown.height - border - 1), wanted);
+}
+
 TEST_F(ScrollViews, TheStateOfTheBarsForAGivenClient)
 {
     view->SetScrollSizes(MM_TEXT, CSize(300, 100));

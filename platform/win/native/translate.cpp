@@ -362,6 +362,23 @@ private:
             painter.fillRect(window.widget->rect(), Qt::darkGray);
         if (!image.isNull())
             painter.drawImage(border, border, image);
+        if (window.bars[SB_VERT].shown && window.bars[SB_HORZ].shown)
+            painter.fillRect(CornerOfBars(window), FaceColor());
+    }
+
+    static QColor FaceColor()
+    {
+        const COLORREF face = GetSysColor(COLOR_BTNFACE);
+        return QColor(GetRValue(face), GetGValue(face), GetBValue(face));
+    }
+
+    // Between two scroll bars lies a corner that is neither's, nor the client area's.
+    static QRect CornerOfBars(const Window& window)
+    {
+        const CSize client = window.ClientSize();
+        const int border = window.BorderWidth();
+        return QRect(border + client.cx, border + client.cy, GetSystemMetrics(SM_CXVSCROLL),
+                     GetSystemMetrics(SM_CYHSCROLL));
     }
 
     static bool OnClose(QWidget& widget, QEvent& event)

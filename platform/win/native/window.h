@@ -107,6 +107,9 @@ protected:
 
 // ---- Registry
 
+// The window goes when it is forgotten; a widget that goes by itself destroys its window.
+void Register(std::unique_ptr<Window> window, QWidget* widget);
+void Forget(Window& window);
 Window* Find(HWND handle); // null for a null or stale handle
 Window* FindByWidget(const QWidget* widget);
 Window* FindAbove(const QWidget* widget); // the innermost window that the widget is or lies in
@@ -121,7 +124,6 @@ void RegisterControlClass(const CString& name, Factory factory);
 HWND CreateNative(const CREATESTRUCT& create, CWnd* object, void (*beforeCreate)(CWnd*) = nullptr);
 // For a widget that somebody else owns.
 HWND AdoptHost(QWidget* widget);
-void Forget(Window& window);
 
 // ---- Painting
 
