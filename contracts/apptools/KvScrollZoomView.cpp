@@ -116,15 +116,19 @@ void KvScrollZoomView::FitContentToWindowOff()
 void KvScrollZoomView::MaintainPixelAspectRatioOn()
 {
     maintainAspectRatio = 1;
-    if (fitToWindow)
-        LayOut();
+    if (!fitToWindow)
+        return;
+    LayOut();
+    NotifyZoom();
 }
 
 void KvScrollZoomView::MaintainPixelAspectRatioOff()
 {
     maintainAspectRatio = 0;
-    if (fitToWindow)
-        LayOut();
+    if (!fitToWindow)
+        return;
+    LayOut();
+    NotifyZoom();
 }
 
 void KvScrollZoomView::SetZoomSizes(SIZE total, const SIZE& page, const SIZE& line)

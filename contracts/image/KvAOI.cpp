@@ -137,8 +137,25 @@ KvTAOI<T>::KvTAOI(std::shared_ptr<Device> device_) : KvAOI(Device::deviceType)
 }
 
 template <class T>
+KvTAOI<T>::~KvTAOI()
+{
+    device->TellReaders();
+}
+
+template <class T>
+KvTAOI<T>& KvTAOI<T>::operator=(const KvTAOI& other)
+{
+    device->TellReaders();
+    KvAOI::operator=(other);
+    device = other.device;
+    return *this;
+}
+
+template <class T>
 void KvTAOI<T>::SetDevice(std::shared_ptr<Device> other)
 {
+    if (device)
+        device->TellReaders();
     device = std::move(other);
     aoiSize = device->Size();
 }

@@ -87,6 +87,9 @@ class KvTAOI : public KvAOI
 public:
     using Device = KvTDevice<T, sizeof(T) == 1 ? Device8 : std::is_same_v<T, float> ? Device32Float : Device32Color>;
 
+    // What is still to be shown is told before the pixels go.
+    ~KvTAOI() override;
+
     void Show(const KvTRectangle<short>& area, CDC* dc) const override;
     void Show(CDC* dc) const override;
     void ShowStretched(const KvTRectangle<short>& source, const KvTRectangle<short>& destination,
@@ -144,7 +147,7 @@ protected:
     explicit KvTAOI(std::shared_ptr<Device> device_);
     // Shows the same device.
     KvTAOI(const KvTAOI&) = default;
-    KvTAOI& operator=(const KvTAOI&) = default;
+    KvTAOI& operator=(const KvTAOI& other);
 
     // Shows another device from now on.
     void SetDevice(std::shared_ptr<Device> other);

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 namespace KvN
 {
@@ -21,6 +22,19 @@ enum DeviceType
     Device32Color = 3
 };
 
+class KvDevice;
+
+// Somebody who reads a device's pixels later, and therefore wants to know before they change.
+class KvDeviceReader
+{
+public:
+    // The reader takes itself off the device's list here.
+    virtual void BeforeChange(KvDevice& device) = 0;
+
+protected:
+    ~KvDeviceReader() = default;
+};
+
 class KvDevice
 {
 public:
@@ -31,11 +45,21 @@ public:
     // something computed from the pixels may be out of date.
     std::uint64_t Generation() const { return generation; }
 
+    // Readers are not owned, and hear of the next time that somebody gets hold of the pixels for writing.
+    void AddReader(KvDeviceReader& reader) { readers.push_back(&reader); }
+    void RemoveReader(KvDeviceReader& reader) { std::erase(readers, &reader); }
+    void TellReaders()
+    {
+        while (!readers.empty())
+            readers.back()->BeforeChange(*this);
+    }
+
 protected:
     KvDevice() = default;
     KvDevice(const KvDevice&) {}
     KvDevice& operator=(const KvDevice&) = delete;
 
+    std::vector<KvDeviceReader*> readers;
     std::uint64_t generation = nextDevice.fetch_add(std::uint64_t(1) << 40);
 
 private:
@@ -74,6 +98,8 @@ public:
     // read through an AOI, so that what was derived from the pixels is known to be old.
     T* Row(int y)
     {
+        if (!readers.empty())
+            TellReaders();
         ++generation;
         return pixels.Row(y);
     }

@@ -76,7 +76,12 @@ int KvLut::NearestIndex(const KvColor& color) const
     return nearest;
 }
 
-KvOLutContainer::KvOLutContainer() : table(KvOLutMgr::Instance().GetLut(L"Grey")) {}
+KvOLutContainer::KvOLutContainer() : table(KvOLutMgr::Instance().GetLut(L"Grey")), life(table->Life()) {}
+
+KvLut* KvOLutContainer::GetOLut() const
+{
+    return life.expired() ? KvOLutMgr::Instance().GetLut(L"Grey") : table;
+}
 
 void KvOLutContainer::SetOLut(KvOLut* lut)
 {
@@ -85,8 +90,10 @@ void KvOLutContainer::SetOLut(KvOLut* lut)
 
 void KvOLutContainer::TakeOLut(KvLut* lut)
 {
-    if (lut)
-        table = lut;
+    if (!lut)
+        return;
+    table = lut;
+    life = lut->Life();
 }
 
 KvOLutMgr::KvOLutMgr()

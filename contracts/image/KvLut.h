@@ -18,8 +18,17 @@ public:
     using Colors = std::array<KvColor, 256>;
 
     KvLut(const KvString& name_, const Colors& colors_) : name(name_), colors(colors_) {}
+    KvLut(const KvLut& other) : KvLut(other.name, other.colors) {}
+    KvLut& operator=(const KvLut& other)
+    {
+        name = other.name;
+        colors = other.colors;
+        return *this;
+    }
     virtual ~KvLut() = default;
 
+    // Expires with the table.
+    std::weak_ptr<const void> Life() const { return life; }
     const KvString& GetName() const { return name; }
     const Colors& GetColors() const { return colors; }
     // The entry nearest to a colour by the sum of squared differences, the lowest among equals.
@@ -28,6 +37,7 @@ public:
 private:
     KvString name;
     Colors colors;
+    std::shared_ptr<const void> life = std::make_shared<char>();
 };
 
 // A table of the manager.
@@ -44,15 +54,16 @@ public:
     KvOLutContainer();
     virtual ~KvOLutContainer() = default;
 
-    // Never null.
-    virtual KvLut* GetOLut() const { return table; }
+    // Never null: "Grey" stands in for a table that has gone.
+    virtual KvLut* GetOLut() const;
     // Selects a table of the manager; null leaves the table as it is.
     virtual void SetOLut(KvOLut* lut);
     // Takes over the table of another AOI; null likewise.
     virtual void TakeOLut(KvLut* lut);
 
 private:
-    KvLut* table; // not owned; the manager's tables last
+    KvLut* table; // not owned; the manager's tables last, a host's own may go
+    std::weak_ptr<const void> life;
 };
 
 // Exactly six tables, in this order: "Grey", "GreyInverted", "DefectRegion", "Mask", "Rainbow", "Hot".

@@ -53,7 +53,7 @@ public:
     }
 
 private:
-    const KvLut::Colors& colors;
+    const KvLut::Colors colors; // a copy, for rows that are read later
 };
 
 class FloatRows : public RowsOver<KvAOI32Float, float>
@@ -80,7 +80,7 @@ private:
         return place < 255.0 ? static_cast<size_t>(place) : 255;
     }
 
-    const KvLut::Colors& colors;
+    const KvLut::Colors colors;
     double low;
     double extent;
 };

@@ -3,13 +3,12 @@
 
 #include "contracts/basics/KvException.h"
 #include "contracts/image/KvDIB.h"
-#include "contracts/image/pixelrows_p.h"
+#include "contracts/image/KvMemDC.h"
+#include "contracts/image/mappedspan_p.h"
+#include "contracts/image/pendingpicture_p.h"
 #include "platform/afx/dc.h"
-#include "platform/gdi/stretch.h"
-#include "platform/gdi/surface.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace KvN::show
 {
@@ -18,70 +17,6 @@ namespace
 {
 
 using kv::gdi::Surface;
-
-// One axis of a stretch: the target extent on the device, and which pixels of the source each target pixel stands for.
-struct Axis
-{
-    std::int64_t near;
-    std::int64_t far;
-    kv::gdi::StretchAxis sources;
-
-    Axis(int near_, int far_, int sourceNear, int sourceExtent, int sourceLimit)
-        : near(near_), far(far_), sources(near, far - near, sourceNear, sourceExtent, sourceLimit)
-    {
-    }
-};
-
-// The part of a device span that shows existing source pixels, and the source pixel for each: the last one of several
-// for columns, the first one for rows.
-struct MappedSpan
-{
-    int begin = 0; // device
-    Columns source;
-
-    template <class Choose>
-    MappedSpan(const Axis& axis, int from, int to, Choose choose)
-    {
-        begin = static_cast<int>(std::max<std::int64_t>(from, axis.near));
-        const std::int64_t end = std::min<std::int64_t>(to, axis.far);
-        for (int at = begin; at < end; ++at)
-        {
-            const kv::gdi::AxisRange range = axis.sources.sources(at);
-            if (range.first < range.end)
-                source.index.push_back(choose(range));
-            else if (source.index.empty())
-                begin = at + 1;
-        }
-    }
-};
-
-MappedSpan MappedColumns(const Axis& axis, int from, int to)
-{
-    return {axis, from, to, [](const kv::gdi::AxisRange& range) { return range.end - 1; }};
-}
-
-MappedSpan MappedRows(const Axis& axis, int from, int to)
-{
-    return {axis, from, to, [](const kv::gdi::AxisRange& range) { return range.first; }};
-}
-
-// Writes rows of pixels of one clip rectangle. `fill(source row, out)` computes the colours of one row.
-template <class Pixel, class Fill>
-void WriteRows(const Surface& surface, const MappedSpan& columns, const MappedSpan& rows, Fill fill)
-{
-    const size_t bytes = columns.source.index.size() * sizeof(Pixel);
-    const Pixel* above = nullptr;
-    for (size_t i = 0; i < rows.source.index.size(); ++i)
-    {
-        auto* out = reinterpret_cast<Pixel*>(surface.row(rows.begin + static_cast<int>(i))) + columns.begin;
-        // An enlarged image repeats its rows.
-        if (above && rows.source.index[i] == rows.source.index[i - 1])
-            std::memcpy(out, above, bytes);
-        else
-            fill(rows.source.index[i], out);
-        above = out;
-    }
-}
 
 // The index of a surface's colours that comes nearest to each colour of a table; a surface with the same colours takes
 // the indices as they are.
@@ -97,6 +32,16 @@ std::array<unsigned char, 256> IndicesIn(const RGBQUAD* palette, const KvLut::Co
     return indices;
 }
 
+KvDevice* DeviceOf(const KvAOI& aoi)
+{
+    if (const auto* grey = dynamic_cast<const KvAOI8*>(&aoi))
+        return grey->GetDevice();
+    if (const auto* real = dynamic_cast<const KvAOI32Float*>(&aoi))
+        return real->GetDevice();
+    const auto* color = dynamic_cast<const KvAOI32Color*>(&aoi);
+    return color ? color->GetDevice() : nullptr;
+}
+
 class Drawing
 {
 public:
@@ -110,6 +55,8 @@ public:
     {
         if (source.Width() == 0 || source.Height() == 0 || destination.Width() == 0 || destination.Height() == 0)
             return;
+        if (auto* memory = dynamic_cast<KvMemDC*>(&dc); memory && Pending(*memory))
+            return;
         if (!kv::gdi::surfaceOf(dc.m_hDC, surface))
             throw new KvGDIException(L"contracts/image/KvAOI", 101, L"StretchBlt", ::GetLastError());
         if (!Direct())
@@ -117,6 +64,56 @@ public:
     }
 
 private:
+    // Pixel on pixel into a memory context: to be computed when they are asked for. False if they are not drawn so.
+    bool Pending(KvMemDC& memory)
+    {
+        auto former = memory.TakePending();
+        const bool found = memory.DrawsOnOwnBitmap() && kv::gdi::surfaceOf(dc.m_hDC, surface);
+        auto picture = found ? MakePending(memory.Limit()) : nullptr;
+        const bool done = picture != nullptr;
+        if (!done)
+            memory.SetPending(std::move(former));
+        else
+        {
+            // What the new picture leaves as it is.
+            const RECT& box = picture->Box();
+            const auto covers = [&box](const RECT& r)
+            { return box.left <= r.left && box.top <= r.top && r.right <= box.right && r.bottom <= box.bottom; };
+            if (former && !covers(former->Box()))
+                former->WriteAll();
+            memory.SetPending(std::move(picture));
+        }
+        return done;
+    }
+
+    std::unique_ptr<PendingPicture> MakePending(const CRect& limit) const
+    {
+        if (surface.depth != 32 || surface.clip.size() != 1 || source.Width() < 0 || source.Height() < 0 ||
+            source.Width() != destination.Width() || source.Height() != destination.Height())
+            return nullptr;
+        const kv::gdi::DeviceMapping& m = surface.mapping;
+        if (m.m11 != 1 || m.m22 != 1 || !m.isUpright())
+            return nullptr;
+        const POINT at = m.toDevice(destination.left, destination.top);
+        const POINT shift{source.left - at.x, source.top - at.y};
+        const CRect clip =
+            limit == surface.clip.front() ? CRect(0, 0, surface.width, surface.height) : CRect(surface.clip.front());
+        const RECT box{std::max<LONG>({clip.left, at.x, -shift.x}), std::max<LONG>({clip.top, at.y, -shift.y}),
+                       std::min<LONG>({clip.right, at.x + source.Width(), aoi.AOIWidth() - shift.x}),
+                       std::min<LONG>({clip.bottom, at.y + source.Height(), aoi.AOIHeight() - shift.y})};
+        auto rows = BlendedRows(RowsOf(aoi), blend);
+        if (!rows || box.left >= box.right || box.top >= box.bottom)
+            return nullptr;
+        auto picture = std::make_unique<PendingPicture>(surface, box, std::move(rows), shift);
+        picture->Follow(DeviceOf(aoi));
+        if (blend.overlay)
+        {
+            picture->Follow(DeviceOf(*blend.overlay));
+            picture->Follow(blend.mask ? DeviceOf(*blend.mask) : nullptr);
+        }
+        return picture;
+    }
+
     // False if mapping, mirroring or pixel format ask for the general way.
     bool Direct()
     {

@@ -72,6 +72,23 @@ TEST_F(ZoomViews, TheTotalIsRoundedToNearest)
     EXPECT_EQ(view.notified, 1);
 }
 
+TEST_F(ZoomViews, EveryChangeOfTheZoomIsTold)
+{
+    view.SetZoomSizes(CSize(50, 50));
+    view.MaintainPixelAspectRatioOff(); // changes no zoom by itself
+    EXPECT_EQ(view.notified, 0);
+    view.FitContentToWindowOn();
+    EXPECT_EQ(view.notified, 1);
+    view.MaintainPixelAspectRatioOn();
+    EXPECT_EQ(view.notified, 2);
+    view.MaintainPixelAspectRatioOff();
+    EXPECT_EQ(view.notified, 3);
+    view.FitContentToWindowOff();
+    EXPECT_EQ(view.notified, 4);
+    view.SetZoomFactor(2.0, 2.0);
+    EXPECT_EQ(view.notified, 5);
+}
+
 TEST_F(ZoomViews, SettingAZoomLeavesFitMode)
 {
     view.SetZoomSizes(CSize(50, 40));

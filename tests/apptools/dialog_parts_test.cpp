@@ -171,6 +171,16 @@ TEST_F(Parts, ADialogsToolbarLoadsFromTheLibrary)
     EXPECT_FALSE(bar.LoadToolBar(4711, 0));
 }
 
+TEST_F(Parts, AToolbarsIdMayStandInThePlaceOfItsName)
+{
+    KvDlgToolBar bar(0, 2048, GetResourceModule());
+    ASSERT_TRUE(bar.Create(&top, 0x50002802, 59392));
+    EXPECT_FALSE(bar.LoadToolBar(L"8862", 0));
+    EXPECT_EQ(bar.CommandToIndex(42350), -1);
+    EXPECT_TRUE(bar.LoadToolBar(reinterpret_cast<LPCTSTR>(std::uintptr_t{8862}), 0));
+    EXPECT_EQ(bar.CommandToIndex(42350), 0);
+}
+
 TEST(Application, ThereIsAlwaysOne)
 {
     ASSERT_NE(GetpApp(), nullptr);

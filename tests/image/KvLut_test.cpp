@@ -92,3 +92,19 @@ TEST(OutputTables, AContainerKeepsItsTableIfGivenNone)
     other.TakeOLut(container.GetOLut());
     EXPECT_EQ(other.GetOLut(), container.GetOLut());
 }
+
+TEST(OutputTables, GreyStandsInForATableThatHasGone)
+{
+    KvOLutContainer container;
+    KvOLutContainer other;
+    {
+        KvOLut own(L"own", KvLut::Colors{});
+        container.SetOLut(&own);
+        EXPECT_EQ(container.GetOLut(), &own);
+        other.TakeOLut(container.GetOLut());
+    }
+    EXPECT_EQ(container.GetOLut(), pOLutMgr->GetLut(L"Grey"));
+    EXPECT_EQ(other.GetOLut(), pOLutMgr->GetLut(L"Grey"));
+    container.SetOLut(pOLutMgr->GetLut(L"Hot"));
+    EXPECT_EQ(container.GetOLut(), pOLutMgr->GetLut(L"Hot"));
+}
