@@ -43,12 +43,16 @@ KvException* AsKvException(CException* failure)
 
 } // namespace
 
-void KvContourToMask::Execute(KvTList<KvContour> contours, KvAOI8* aoi) { Draw(contours, aoi); }
+void KvContourToMask::Execute(KvTList<KvContour> contours, KvAOI8* aoi)
+{
+    Draw(contours, aoi);
+}
 
 void KvContourToMask::Draw(const KvTList<KvContour>& contours, KvAOI8* aoi)
 try
 {
     mask::Figures figures(aoi->AOIWidth(), aoi->AOIHeight());
+    figures.Expect(contours);
     for (const auto* node = contours.head; node; node = node->next)
         figures.Add(node->value);
     // Figures are drawn in white, so the mask gets what white is in the table of results.

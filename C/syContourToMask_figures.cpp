@@ -2,8 +2,8 @@
 #include "C/syContourToMask_p.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
-#include <limits>
 #include <span>
 
 namespace KvN::mask
@@ -15,9 +15,30 @@ namespace
 {
 
 // More points than that a figure can't have.
-constexpr std::size_t mostPoints = 65535;
+constexpr std::uint32_t mostPoints = 65535;
 // Dots of wider pens are computed while they are drawn.
 constexpr int widestPreparedPen = 1 << 16;
+// What stays in the cache of a processor; too few rows would cut too many figures.
+constexpr int bandBytes = 4 << 20;
+constexpr int fewestBandRowBits = 6;
+// Figures of fewer points are drawn whole in every band that they touch.
+constexpr std::uint32_t fewPoints = 32;
+
+// Overwrites 8-bit pixels, long spans as well through the cache, where a band's rows are needed again.
+struct Fill
+{
+    raster::ByteFill plain;
+
+    void span(int y, int from, int to) const
+    {
+        constexpr int shortest = 17;
+        if (to - from < shortest)
+            plain.span(y, from, to);
+        else
+            std::memset(plain.rows.at(from, y), plain.value, static_cast<std::size_t>(to - from));
+    }
+    auto cursor(int x, int y, raster::Step major, raster::Step minor) const { return plain.cursor(x, y, major, minor); }
+};
 
 // Truncated toward zero; what doesn't fit, and a NaN, becomes the nearest bound or the lowest int.
 int Truncated(double value)
@@ -32,11 +53,9 @@ POINT Truncated(const KvVec2d& point)
     return {Truncated(point.x), Truncated(point.y)};
 }
 
-// The contour's box in whole pixels, all four bounds inside.
-KvTRectangle<int> BoxOf(const KvContour& contour)
+// In whole pixels, all four bounds inside.
+KvTRectangle<int> Truncated(const KvTRectangle<double>& box)
 {
-    KvTRectangle<double> box(0.0, 0.0, KvTRectangle<int>::NoValue, KvTRectangle<int>::NoValue);
-    contour.MakeBoundingBox(box);
     return {Truncated(box.left), Truncated(box.top), Truncated(box.right), Truncated(box.bottom)};
 }
 
@@ -48,57 +67,113 @@ RECT Common(const KvTRectangle<int>& box, int width, int height)
 
 } // namespace
 
+Figures::Figures(int width, int height)
+    : maskWidth(width), maskHeight(height),
+      bandBits(std::max(static_cast<int>(std::bit_width(static_cast<unsigned>(bandBytes / std::max(width, 1)))) - 1,
+                        fewestBandRowBits))
+{
+    bands.resize(static_cast<std::size_t>((height + BandRows() - 1) >> bandBits));
+}
+
+void Figures::Expect(const KvTList<KvContour>& contours)
+{
+    std::size_t all = 0;
+    for (const auto* node = contours.head; node; node = node->next)
+        all += static_cast<std::size_t>(node->value.CurvePositions().count) + 1;
+    points.reserve(all);
+    figures.reserve(static_cast<std::size_t>(contours.count));
+}
+
 void Figures::Add(const KvContour& contour)
 {
-    const KvTRectangle<int> box = BoxOf(contour);
-    Figure figure{Kind::Polygon, contour.Exclude() != 0, -1, Common(box, maskWidth, maskHeight), points.size(), 0};
-    if (figure.clip.left >= figure.clip.right || figure.clip.top >= figure.clip.bottom)
-        return;
+    Figure figure{Kind::Polygon, contour.Exclude() != 0, -1, {}, static_cast<std::uint32_t>(points.size()), 0};
+    KvTRectangle<double> box;
     switch (contour.ContourType())
     {
     case KvContour::eRectangle:
     case KvContour::ePolygon:
     case KvContour::eSquare:
-        AddPoints(contour.CurvePositions(), figure);
+        box = AddPoints(contour.CurvePositions(), figure);
         break;
     case KvContour::ePolyline:
         figure.kind = Kind::Polyline;
-        figure.pen = PenOfWidth(contour.LineWidth());
-        AddPoints(contour.CurvePositions(), figure);
+        box = AddPoints(contour.CurvePositions(), figure);
+        if (contour.LineWidth() != KvContour::NoLineWidth)
+        {
+            const double half = contour.LineWidth() * 0.5;
+            box = {box.left - half, box.top - half, box.right + half, box.bottom + half};
+            figure.pen = PenOfWidth(contour.LineWidth());
+        }
         break;
     case KvContour::eEllipse:
     {
         KvTList<KvVec2d> samples;
         contour.CreateSegments(0.0, KvMath::TwoPi, 100, samples);
         AddPoints(samples, figure);
+        contour.MakeBoundingBox(box);
         break;
     }
     case KvContour::eCircle:
-    {
-        const auto behind = [](int v) { return v < INT32_MAX ? v + 1 : v; };
-        figure.kind = Kind::Circle;
-        points.insert(points.end(), {{box.left, box.top}, {behind(box.right), behind(box.bottom)}});
-        figure.count = 2;
+        // As of an ellipse: nothing is drawn of an invalid one, though it may have a box.
+        if (!contour.IsValid())
+            return;
+        contour.MakeBoundingBox(box);
+        AddCircle(Truncated(box), figure);
         break;
-    }
     default:
         return;
     }
+    figure.clip = Common(Truncated(box), maskWidth, maskHeight);
     // The drawing calls refuse figures of a single point.
-    if (figure.count >= 2)
-        figures.push_back(figure);
+    if (figure.count < 2 || figure.clip.left >= figure.clip.right || figure.clip.top >= figure.clip.bottom)
+    {
+        points.resize(figure.first);
+        return;
+    }
+    if (figure.kind == Kind::Polygon)
+    {
+        points.push_back(points[figure.first]);
+        ++figure.count;
+    }
+    Enter(figure);
 }
 
-void Figures::AddPoints(const KvTList<KvVec2d>& from, Figure& figure)
+// The box is that of `MakeBoundingBox`, taken on the same walk.
+KvTRectangle<double> Figures::AddPoints(const KvTList<KvVec2d>& from, Figure& figure)
 {
-    for (const auto* node = from.head; node && figure.count < mostPoints; node = node->next, ++figure.count)
-        points.push_back(Truncated(node->value));
+    if (!from.head)
+        return {};
+    KvTRectangle<double> box(from.head->value.x, from.head->value.y, from.head->value.x, from.head->value.y);
+    figure.count = std::min(static_cast<std::uint32_t>(from.count), mostPoints);
+    points.resize(figure.first + figure.count);
+    POINT* out = points.data() + figure.first;
+    POINT* const end = out + figure.count;
+    for (const auto* node = from.head; node; node = node->next)
+    {
+        const KvVec2d& point = node->value;
+        box.left = std::min(box.left, point.x);
+        box.top = std::min(box.top, point.y);
+        box.right = std::max(box.right, point.x);
+        box.bottom = std::max(box.bottom, point.y);
+        if (out != end)
+            *out++ = Truncated(point);
+    }
+    return box;
+}
+
+// The box that the ellipse is drawn in, right and bottom outside, as two points.
+void Figures::AddCircle(const KvTRectangle<int>& box, Figure& figure)
+{
+    const auto behind = [](int v) { return v < INT32_MAX ? v + 1 : v; };
+    figure.kind = Kind::Circle;
+    figure.count = 2;
+    points.insert(points.end(), {{box.left, box.top}, {behind(box.right), behind(box.bottom)}});
 }
 
 // Widths in whole pixels, rounded; a width below 2 is a line one pixel wide.
 int Figures::PenOfWidth(double lineWidth)
 {
-    const int width = lineWidth == KvContour::NoLineWidth ? 1 : Truncated(lineWidth + 0.5);
+    const int width = Truncated(lineWidth + 0.5);
     // The sign of a pen's width plays no part.
     const int size = width == INT32_MIN ? INT32_MAX : std::abs(width);
     if (size < 2)
@@ -110,65 +185,93 @@ int Figures::PenOfWidth(double lineWidth)
     return static_cast<int>(pens.size()) - 1;
 }
 
+void Figures::Enter(const Figure& figure)
+{
+    const int firstBand = figure.clip.top >> bandBits, lastBand = (figure.clip.bottom - 1) >> bandBits;
+    figures.push_back(figure);
+    if (firstBand < lastBand && figure.count > fewPoints)
+        return EnterPieces(figure, firstBand, lastBand);
+    for (int band = firstBand; band <= lastBand; ++band)
+        bands[static_cast<std::size_t>(band)].push_back(
+            {static_cast<std::uint32_t>(figures.size() - 1), figure.first, figure.count});
+}
+
+// A figure of many points leaves in each band only those of its lines that touch it.
+void Figures::EnterPieces(const Figure& figure, int firstBand, int lastBand)
+{
+    const auto index = static_cast<std::uint32_t>(figures.size() - 1);
+    const std::int64_t margin = figure.pen < 0 ? 0 : pens[static_cast<std::size_t>(figure.pen)].width() + 2;
+    const auto bandAt = [&](std::int64_t y)
+    { return static_cast<int>(std::clamp<std::int64_t>(y, figure.clip.top, figure.clip.bottom - 1) >> bandBits); };
+    for (std::uint32_t i = figure.first; i + 1 < figure.first + figure.count; ++i)
+    {
+        const auto [upper, lower] = std::minmax(points[i].y, points[i + 1].y);
+        if (upper - margin >= figure.clip.bottom || lower + margin < figure.clip.top)
+            continue;
+        const int last = std::min(bandAt(lower + margin), lastBand);
+        for (int band = std::max(bandAt(upper - margin), firstBand); band <= last; ++band)
+        {
+            Pieces& pieces = bands[static_cast<std::size_t>(band)];
+            Piece* open = pieces.empty() ? nullptr : &pieces.back();
+            if (open && open->figure == index && open->first + open->count == i + 1)
+                ++open->count;
+            else
+                pieces.push_back({index, i, 2});
+        }
+    }
+}
+
 bool Figures::Reserve()
 {
     std::size_t most = 4; // of a slanted piece of a wide line
     bool circles = false;
     for (const Figure& figure : figures)
     {
-        most = std::max(most, figure.count);
+        most = std::max<std::size_t>(most, figure.count);
         circles = circles || figure.kind == Kind::Circle;
     }
-    filler.reserve(most, maskHeight);
+    // Pieces share the points at which they meet.
+    joined.reserve(2 * most);
+    filler.reserve(2 * most, maskHeight);
     if (circles)
         ellipse.reserve(maskHeight);
     return std::all_of(pens.begin(), pens.end(), [](const auto& pen) { return pen.width() <= widestPreparedPen; });
 }
 
-// A mask whose rows are cleared when a figure first touches them, while they are about to be in the cache anyway.
+// Draws band by band. Rows are cleared when a figure first touches them, while they are about to be in the cache
+// anyway.
 class Figures::Painter
 {
 public:
-    Painter(Figures& figures_, const Target& target_) : all(figures_), target(target_), firstUnclean(0) {}
-
-    void Paint(const Figure& figure, unsigned char value)
+    Painter(Figures& figures_, const Target& target_, unsigned char value_)
+        : all(figures_), target(target_), value(value_)
     {
-        const raster::ByteFill fill{{target.pixels, target.width}, value};
-        const std::span<const POINT> outline(all.points.data() + figure.first, figure.count);
-        switch (figure.kind)
-        {
-        case Kind::Polygon:
-            PaintPolygon(fill, figure.clip, outline);
-            break;
-        case Kind::Polyline:
-            ClearTo(figure.clip.bottom);
-            if (figure.pen < 0)
-                raster::polyline(fill, figure.clip, outline, false);
-            else
-                all.pens[static_cast<std::size_t>(figure.pen)].polyline(fill, figure.clip, outline, false, all.filler);
-            break;
-        case Kind::Circle:
-            ClearTo(figure.clip.bottom);
-            all.ellipse.reset({outline[0].x, outline[0].y, outline[1].x, outline[1].y},
-                              {0, 0, target.width, target.height});
-            all.ellipse.fill(fill, figure.clip);
-            break;
-        }
     }
 
-    void ClearTo(int bottom)
+    void PaintBand(int top, const Pieces& pieces)
     {
-        if (bottom <= firstUnclean)
-            return;
-        std::memset(Row(firstUnclean), 0, static_cast<std::size_t>(bottom - firstUnclean) * Stride());
-        firstUnclean = bottom;
+        const int bottom = std::min(top + all.BandRows(), target.height);
+        for (auto piece = pieces.begin(); piece != pieces.end();)
+        {
+            const Figure& figure = all.figures[piece->figure];
+            const auto end =
+                std::find_if(piece, pieces.end(), [&](const Piece& other) { return other.figure != piece->figure; });
+            RECT clip = figure.clip;
+            clip.top = std::max(clip.top, top);
+            clip.bottom = std::min(clip.bottom, bottom);
+            Paint(figure, clip, std::span(piece, end));
+            piece = end;
+        }
+        ClearTo(bottom);
     }
 
 private:
+    using FigurePieces = std::span<const Piece>;
+
     // Rows of a filling come in order, so each can be cleared just before its first span.
     struct ClearingFill
     {
-        raster::ByteFill fill;
+        Fill fill;
         Painter* painter;
 
         void span(int y, int from, int to) const
@@ -180,14 +283,74 @@ private:
         }
     };
 
-    void PaintPolygon(const raster::ByteFill& fill, const RECT& clip, std::span<const POINT> outline)
+    void Paint(const Figure& figure, const RECT& clip, FigurePieces pieces)
     {
+        const Fill fill{{{target.pixels, target.width}, figure.exclude ? static_cast<unsigned char>(0) : value}};
+        switch (figure.kind)
+        {
+        case Kind::Polygon:
+            FillPolygon(fill, clip, pieces);
+            ClearTo(clip.bottom);
+            for (const Piece& piece : pieces)
+                raster::polyline(fill, clip, PointsOf(piece), false);
+            break;
+        case Kind::Polyline:
+            ClearTo(clip.bottom);
+            for (const Piece& piece : pieces)
+                PaintLine(fill, clip, figure, piece);
+            break;
+        case Kind::Circle:
+            ClearTo(clip.bottom);
+            PaintCircle(fill, clip, PointsOf(pieces.front()));
+            break;
+        }
+    }
+
+    void FillPolygon(const Fill& fill, const RECT& clip, FigurePieces pieces)
+    {
+        const std::span<const POINT> outline = OutlineOf(pieces);
         if (clip.bottom > firstUnclean)
             all.filler.fill(ClearingFill{fill, this}, clip, outline, raster::FillRule::Winding);
         else
             all.filler.fill(fill, clip, outline, raster::FillRule::Winding);
-        ClearTo(clip.bottom);
-        raster::polyline(fill, clip, outline, true);
+    }
+
+    // What is left out between two pieces lies above the band or below it, and so does a straight way past it.
+    std::span<const POINT> OutlineOf(FigurePieces pieces)
+    {
+        if (pieces.size() == 1)
+            return PointsOf(pieces.front());
+        all.joined.clear();
+        for (const Piece& piece : pieces)
+        {
+            const std::span<const POINT> points = PointsOf(piece);
+            all.joined.insert(all.joined.end(), points.begin(), points.end());
+        }
+        return all.joined;
+    }
+
+    void PaintLine(const Fill& fill, const RECT& clip, const Figure& figure, const Piece& piece)
+    {
+        if (figure.pen < 0)
+            raster::polyline(fill, clip, PointsOf(piece), false);
+        else
+            all.pens[static_cast<std::size_t>(figure.pen)].polyline(fill, clip, PointsOf(piece), false, all.filler);
+    }
+
+    void PaintCircle(const Fill& fill, const RECT& clip, std::span<const POINT> box)
+    {
+        all.ellipse.reset({box[0].x, box[0].y, box[1].x, box[1].y}, clip);
+        all.ellipse.fill(fill, clip);
+    }
+
+    std::span<const POINT> PointsOf(const Piece& piece) const { return {all.points.data() + piece.first, piece.count}; }
+
+    void ClearTo(int bottom)
+    {
+        if (bottom <= firstUnclean)
+            return;
+        std::memset(Row(firstUnclean), 0, static_cast<std::size_t>(bottom - firstUnclean) * Stride());
+        firstUnclean = bottom;
     }
 
     // Row y, the first unclean one, but for the pixels that are about to be filled.
@@ -203,15 +366,15 @@ private:
 
     Figures& all;
     const Target& target;
-    int firstUnclean; // the rows above are clean or drawn on
+    unsigned char value;
+    int firstUnclean = 0; // the rows above are clean or drawn on
 };
 
 void Figures::Draw(const Target& target, unsigned char value)
 {
-    Painter painter(*this, target);
-    for (const Figure& figure : figures)
-        painter.Paint(figure, figure.exclude ? 0 : value);
-    painter.ClearTo(target.height);
+    Painter painter(*this, target, value);
+    for (std::size_t band = 0; band < bands.size(); ++band)
+        painter.PaintBand(static_cast<int>(band) << bandBits, bands[band]);
 }
 
 } // namespace KvN::mask

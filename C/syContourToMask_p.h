@@ -1,4 +1,4 @@
-// Figures prepared for the raster, and the raster. Private to the mask code, its tests and benchmarks.
+// Figures prepared for the raster, and the raster. Private to the mask code and its benchmarks.
 #pragma once
 
 #include "C/syContour.h"
@@ -7,6 +7,7 @@
 #include "platform/gdi/raster/polygon.h"
 #include "platform/gdi/raster/wide_line.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace KvN::mask
@@ -20,13 +21,17 @@ struct Target
     int height;
 };
 
-// A list of figures in whole pixels, ready to be drawn into a mask of one size. Everything that can fail happens when a
-// figure is added; drawing allocates nothing.
+// A list of figures in whole pixels, ready to be drawn into a mask of one size. Everything that can fail happens before
+// the drawing, which allocates nothing.
+// A large mask is drawn in bands of rows, each with all its figures in list order, so that its pixels stay in the cache
+// while they are cleared, filled and outlined.
 class Figures
 {
 public:
-    Figures(int width, int height) : maskWidth(width), maskHeight(height) {}
+    Figures(int width, int height);
 
+    // Makes room for figures that will be added.
+    void Expect(const KvTList<KvContour>& contours);
     void Add(const KvContour& contour);
     // Makes room for the drawing. To be called once after the last figure. False if there are figures, lines wider than
     // any mask, that need memory while they are drawn.
@@ -46,21 +51,38 @@ private:
     {
         Kind kind;
         bool exclude;
-        int pen;           // index of a wide pen, -1: one pixel wide
-        RECT clip;         // the figure's own box inside the mask; right and bottom are outside
-        std::size_t first; // points; a circle's box is two of them
-        std::size_t count;
+        int pen;             // index of a wide pen, -1: one pixel wide
+        RECT clip;           // the figure's own box inside the mask; right and bottom are outside
+        std::uint32_t first; // points; a polygon's first one stands at its end, too, and a circle's box is two of them
+        std::uint32_t count;
     };
+
+    // Neighbouring points of a figure, with the lines between them that may touch a band.
+    struct Piece
+    {
+        std::uint32_t figure;
+        std::uint32_t first;
+        std::uint32_t count;
+    };
+    using Pieces = std::vector<Piece>;
 
     class Painter;
 
-    void AddPoints(const KvTList<KvVec2d>& from, Figure& figure);
+    int BandRows() const { return 1 << bandBits; }
+
+    KvTRectangle<double> AddPoints(const KvTList<KvVec2d>& from, Figure& figure);
+    void AddCircle(const KvTRectangle<int>& box, Figure& figure);
     int PenOfWidth(double lineWidth);
+    void Enter(const Figure& figure);
+    void EnterPieces(const Figure& figure, int firstBand, int lastBand);
 
     int maskWidth;
     int maskHeight;
+    int bandBits; // rows of a band as a power of two
     std::vector<Figure> figures;
     std::vector<POINT> points;
+    std::vector<Pieces> bands;
+    std::vector<POINT> joined; // the pieces of the polygon that is being drawn
     std::vector<kv::raster::WidePen> pens;
     kv::raster::PolygonFiller filler;
     kv::raster::Ellipse ellipse;

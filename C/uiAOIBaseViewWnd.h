@@ -264,6 +264,7 @@ private:
     template <class Body>
     void RunPaint(CDC* dc, Body body);
     void DrawPlain(CDC* dc);
+    KvMemDC& PaintBuffer(CDC* dc);
     void DrawShrunk(CDC* dc);
     void PaintOn(CDC* target, const KvTRectangle<short>& visible, bool printing);
     void CallPrintingHandlers(CDC* dc);
@@ -313,6 +314,9 @@ protected:
     double defaultZoomFactor;
     KvTMem<KvAOI*> aoiList;
     CDC* dcTmp = nullptr;
+
+private:
+    std::unique_ptr<KvMemDC> paintBuffer;
 
 public:
     // Virtual key codes; many may listen.

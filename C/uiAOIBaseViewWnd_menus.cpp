@@ -1,5 +1,6 @@
 // The AOI view's context menus: built anew for each opening from the resource, the table manager and the AOI list.
 #include "C/uiAOIBaseViewWnd.h"
+#include "C/uiAOIBaseViewWnd_menus_p.h"
 #include "resources/resource.h"
 
 #include <algorithm>
@@ -50,6 +51,13 @@ void ReplaceByPopup(CMenu& menu, UINT id, CMenu& popup)
     menu.ModifyMenu(id, MF_BYCOMMAND | MF_POPUP, reinterpret_cast<UINT_PTR>(popup.Detach()), text);
 }
 } // namespace
+
+// An AOI without a table has an empty name, so that no item is checked.
+void AppendLuts(CMenu& popup, const KvTMem<KvString>& names, const KvString& current)
+{
+    for (UINT i = 0; i < names.size && ID_VIEW_LUT_FIRST + i <= ID_VIEW_LUT_LAST; ++i)
+        popup.AppendMenu(CheckedIf(names[i] == current), ID_VIEW_LUT_FIRST + i, names[i]);
+}
 
 void KvAOIBaseViewWnd::UseContextMenuWithCheck(int kind)
 {
@@ -129,15 +137,11 @@ void KvAOIBaseViewWnd::OpenContextMenu(UINT resource, bool backgrounds, CPoint p
     menu->TrackPopupMenu(TPM_RIGHTBUTTON, point.x, point.y, GetParentFrame());
 }
 
-// An AOI without a table has an empty name, so that no item is checked.
 void KvAOIBaseViewWnd::AddLutPopup(CMenu& menu) const
 {
     CMenu popup;
     popup.CreatePopupMenu();
-    const KvTMem<KvString> names = AllLutNames();
-    const KvString current = GetOutputLut();
-    for (UINT i = 0; i < names.size && ID_VIEW_LUT_FIRST + i <= ID_VIEW_LUT_LAST; ++i)
-        popup.AppendMenu(CheckedIf(names[i] == current), ID_VIEW_LUT_FIRST + i, names[i]);
+    AppendLuts(popup, AllLutNames(), GetOutputLut());
     ReplaceByPopup(menu, ID_VIEW_LUT_FIRST, popup);
 }
 

@@ -1,6 +1,7 @@
 // The AOI view's painting: straight to the screen, through a memory DC of the paint, or through the persistent one.
-// A memory DC is addressed in AOI pixels like the whole AOI, but has pixels only for the part of it that is visible;
-// the zoom happens in the copy to the screen. So a paint costs what is visible, whatever the size of the AOI.
+// A memory DC has the size of the AOI; the zoom happens in the copy to the screen. Its AOI is a pending picture, which
+// takes memory only where a handler draws or reads, so that a paint costs what is visible, whatever the size of the
+// AOI.
 #include "C/uiAOIBaseViewWnd.h"
 #include "platform/afx/dcguards.h"
 
@@ -13,34 +14,21 @@ namespace
 {
 const KvString sourceFile("C/uiAOIBaseViewWnd");
 constexpr unsigned long lineStretchMode = 902;
+constexpr std::int64_t mostPixelsKept = 7 << 20; // in the memory DC of paints, between them: 28 MiB
 
-// A memory DC whose bitmap covers `area` of the AOI, addressed in AOI pixels.
-class AreaDC
+// The paint through a memory DC of which `visible` will be shown. None of the handlers' settings and no picture of the
+// AOI stay behind.
+class PaintOnMemory
 {
 public:
-    AreaDC(CDC* like, const CRect& area)
-    {
-        dc.CreateCompatibleDC(like);
-        bitmap.CreateCompatibleBitmap(like, area.Width(), area.Height());
-        former = bitmap.GetSafeHandle() ? dc.SelectObject(&bitmap) : nullptr;
-        dc.SetViewportOrg(-area.left, -area.top);
-    }
-    AreaDC(const AreaDC&) = delete;
-    AreaDC& operator=(const AreaDC&) = delete;
-    ~AreaDC()
-    {
-        if (former)
-            dc.SelectObject(former);
-    }
-
-    explicit operator bool() const { return former != nullptr; }
-    CDC* operator&() { return &dc; }
-    CDC* operator->() { return &dc; }
+    PaintOnMemory(KvMemDC& dc_, const CRect& visible) : dc(dc_), saved(dc_) { dc.LimitTo(visible); }
+    PaintOnMemory(const PaintOnMemory&) = delete;
+    PaintOnMemory& operator=(const PaintOnMemory&) = delete;
+    ~PaintOnMemory() { dc.DropPending(); }
 
 private:
-    CBitmap bitmap; // outlives the DC that it is selected into
-    CDC dc;
-    CBitmap* former = nullptr;
+    KvMemDC& dc;
+    SavedContext saved;
 };
 
 // COLORONCOLOR for the time of a paint.
@@ -69,22 +57,13 @@ struct Area
     {
     }
 
-    // The pixels that a memory DC needs for it.
-    CRect Within(int aoiWidth, int aoiHeight) const
-    {
-        return CRect(x, y, x + width, y + height) & CRect(0, 0, aoiWidth, aoiHeight);
-    }
+    CRect Rect() const { return CRect(x, y, x + width, y + height); }
 
     int x;
     int y;
     int width;
     int height;
 };
-
-void CopyToScreen(CDC* screen, CDC* from, const Area& area)
-{
-    screen->BitBlt(area.x, area.y, area.width, area.height, from, area.x, area.y, SRCCOPY);
-}
 
 // Brings the area of `image` to the resolution of 1 / `shrink`, by way of `spare`.
 void Shrink(CDC* image, CDC* spare, const Area& area, int shrink, bool colorOnColor)
@@ -202,11 +181,24 @@ void KvAOIBaseViewWnd::_OnDraw(CDC* dc)
         RunPaint(dc, [&] { DrawPlain(dc); });
 }
 
+// The memory DC of a paint, all black. It is kept for the next paint, unless its bitmap may have taken much memory.
+KvMemDC& KvAOIBaseViewWnd::PaintBuffer(CDC* dc)
+{
+    if (paintBuffer && paintBuffer->Suits(*dc, aoiWidth, aoiHeight))
+    {
+        paintBuffer->Clear();
+        return *paintBuffer;
+    }
+    paintBuffer.reset(); // before the next one needs its memory
+    paintBuffer = std::make_unique<KvMemDC>(dc, aoiWidth, aoiHeight);
+    return *paintBuffer;
+}
+
 // With a paint handler the mouse paint handler stays silent on the screen, which is required.
 void KvAOIBaseViewWnd::DrawPlain(CDC* dc)
 {
     const PaintStretchMode mode(dc);
-    const KvTRectangle<short> visible = VisibleArea();
+    KvTRectangle<short> visible = VisibleArea();
     if (!paintHdl.function)
     {
         outputDevice = dc;
@@ -215,10 +207,14 @@ void KvAOIBaseViewWnd::DrawPlain(CDC* dc)
         outputDevice = nullptr;
         return;
     }
-    const Area area(visible);
-    AreaDC memory(dc, area.Within(aoiWidth, aoiHeight));
-    PaintOn(&memory, visible, dc->IsPrinting());
-    CopyToScreen(dc, &memory, area);
+    {
+        KvMemDC& memory = PaintBuffer(dc);
+        const PaintOnMemory untilShown(memory, Area(visible).Rect());
+        PaintOn(&memory, visible, dc->IsPrinting());
+        memory.Paint(dc, visible);
+    }
+    if (paintBuffer->PixelsInMemory() > mostPixelsKept)
+        paintBuffer.reset();
     if (dc->IsPrinting())
         CallPrintingHandlers(dc);
 }
@@ -226,12 +222,11 @@ void KvAOIBaseViewWnd::DrawPlain(CDC* dc)
 void KvAOIBaseViewWnd::DrawShrunk(CDC* dc)
 {
     const PaintStretchMode mode(dc);
-    const KvTRectangle<short> visible = VisibleArea();
+    KvTRectangle<short> visible = VisibleArea();
     const Area area(visible);
-    const CRect pixels = area.Within(aoiWidth, aoiHeight);
     const bool handled = paintHdl.function != nullptr;
-    AreaDC memory(dc, pixels);
-    if (!memory)
+    KvMemDC memory(dc, aoiWidth, aoiHeight);
+    if (!memory.HasBitmap())
     {
         // With a paint handler such a paint draws nothing at all, which is required.
         if (!handled)
@@ -242,12 +237,13 @@ void KvAOIBaseViewWnd::DrawShrunk(CDC* dc)
         }
         return;
     }
+    const PaintOnMemory untilShown(memory, area.Rect());
     PaintOn(&memory, visible, dc->IsPrinting());
-    AreaDC spare(dc, pixels);
+    KvMemDC spare(dc, aoiWidth, aoiHeight);
     // With a paint handler the reduction uses the stretch mode that memory DCs start with, which is required.
-    if (spare)
+    if (spare.HasBitmap())
         Shrink(&memory, &spare, area, shrink, !handled);
-    CopyToScreen(dc, &memory, area);
+    memory.Paint(dc, visible);
 }
 
 // The AOI, and over it what the paint handler draws, unless the DC at the end of the paint is a printer's.
@@ -292,10 +288,7 @@ void KvAOIBaseViewWnd::DrawMemDC(CDC* dc)
                      CallPrintingHandlers(dc);
                      return;
                  }
-                 // Nothing outside the visible part reaches the screen before it is painted again.
-                 const SavedContext untilPainted(*memDC);
-                 const Area shown(visible);
-                 memDC->IntersectClipRect(shown.x, shown.y, shown.x + shown.width, shown.y + shown.height);
+                 const PaintOnMemory untilPainted(*memDC, Area(visible).Rect());
                  outputDevice = memDC.get();
                  Paint(outputDevice, area);
                  paintHdl.Call(this);

@@ -82,7 +82,8 @@ void KvContourWnd::CompletePoints()
 
 void KvContourWnd::CompleteEdit()
 {
-    if (m_EditMode != EditNone && (m_Pos.x != m_Start.x || m_Pos.y != m_Start.y))
+    const bool moved = m_Pos.x != m_Start.x || m_Pos.y != m_Start.y;
+    if (m_EditMode != EditNone && moved && m_Figure.IsValid())
     {
         SaveUndoRedoState();
         KvContour* contour = GetSelectedContour();

@@ -3,7 +3,9 @@
 
 #include "C/uiContourWnd_symbols_p.h"
 
+#include <algorithm>
 #include <cmath>
+#include <vector>
 
 using namespace KvN;
 
@@ -61,6 +63,22 @@ void DrawPath(CDC& dc, const KvTList<KvVec2d>& points, bool closed)
         dc.LineTo(PointOf(node->value));
     if (closed)
         dc.LineTo(PointOf(points.head->value));
+}
+
+// Several lines at once, but not so many that their common box covers much more than they do.
+void DrawSolidPath(CDC& dc, const KvTList<KvVec2d>& points, bool closed)
+{
+    constexpr std::size_t linesAtOnce = 32;
+    if (!points.head)
+        return;
+    std::vector<POINT> path;
+    for (auto* node = points.head; node; node = node->next)
+        path.push_back(PointOf(node->value));
+    if (closed)
+        path.push_back(path.front());
+    dc.MoveTo(path.front());
+    for (std::size_t i = 1; i < path.size(); i += linesAtOnce)
+        ::PolylineTo(dc.m_hDC, path.data() + i, static_cast<DWORD>(std::min(linesAtOnce, path.size() - i)));
 }
 
 void DrawEllipse(CDC& dc, const KvContour& contour, const std::function<POINT(POINT)>& originOf)

@@ -11,6 +11,8 @@ namespace kv::editor
 
 // The outline through the contour's points; `closed` goes back to the first one. Without points nothing is drawn.
 void DrawPath(CDC& dc, const KvTList<KvN::KvVec2d>& points, bool closed);
+// The same pixels for a solid pen that covers what is there, in fewer calls.
+void DrawSolidPath(CDC& dc, const KvTList<KvN::KvVec2d>& points, bool closed);
 
 // A valid ellipse or circle with the pen and brush of the context. GDI draws upright ellipses only, so a turned one is
 // drawn in a turned world, whose viewport origin is what `originOf` makes of the ellipse's centre.

@@ -249,7 +249,7 @@ void KvContourWnd::DisplayShape(CDC& dc, KvContour& contour)
         return;
     }
     const bool line = contour.ContourType() == KvContour::ePolyline;
-    DrawPath(dc, contour.CurvePositions(), !line);
+    DrawSolidPath(dc, contour.CurvePositions(), !line);
     if (!line)
         return;
     DisplayCurrentSymbols(&dc, &contour);

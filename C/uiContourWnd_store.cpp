@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <new>
 
 using namespace KvN;
 
@@ -87,7 +88,8 @@ KvContour* KvContourWnd::SelectContourIfMatch(const Position& point)
     return contour;
 }
 
-// `fill` appends the new contours by InsertCopy and answers whether all of them could be made.
+// `fill` appends the new contours by InsertCopy and answers whether all of them could be made. Without memory for one
+// of them it stops there.
 template <class Fill>
 int KvContourWnd::ReplaceContours(Fill fill)
 {
@@ -95,8 +97,15 @@ int KvContourWnd::ReplaceContours(Fill fill)
     m_SelectedID = -1;
     m_ContourSeq.Clear();
     m_Contours.Clear();
-    if (!fill())
+    try
+    {
+        if (!fill())
+            return 0;
+    }
+    catch (const std::bad_alloc&)
+    {
         return 0;
+    }
     FillContourSeq();
     Repaint();
     return 1;

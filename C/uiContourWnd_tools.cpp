@@ -80,6 +80,8 @@ void KvContourWnd::DragDiagonal(const Position& point, MakeFromDiagonal make)
     }
     if ((KvVec2d(m_Start) - KvVec2d(m_Pos)).Length() < KvMath::Epsilon)
         return;
+    // Required: the repaint comes before the rebuilding, so the last step's figure stays beside the new one until the
+    // next repaint. Rubber bands and held points do likewise.
     EraseCurrentFigure();
     (m_Figure.*make)(m_Start.x, m_Start.y, point.x, point.y);
     DrawCurrentFigure(m_Pos, m_Pair);

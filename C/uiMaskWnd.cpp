@@ -97,8 +97,15 @@ void KvMaskWnd::ShowUserRaster(const CRect& changed)
 
 void KvMaskWnd::ShowLayer(CDC& target, KvMaskRaster& andDC, KvMaskRaster& paintDC) const
 {
-    target.BitBlt(0, 0, maskSize.width, maskSize.height, &andDC, 0, 0, SRCAND);
-    target.BitBlt(0, 0, maskSize.width, maskSize.height, &paintDC, 0, 0, SRCPAINT);
+    const CSize size(maskSize.width, maskSize.height);
+    if (auto* memory = dynamic_cast<KvMemDC*>(&target))
+    {
+        memory->Combine(andDC, size, SRCAND);
+        memory->Combine(paintDC, size, SRCPAINT);
+        return;
+    }
+    target.BitBlt(0, 0, size.cx, size.cy, &andDC, 0, 0, SRCAND);
+    target.BitBlt(0, 0, size.cx, size.cy, &paintDC, 0, 0, SRCPAINT);
 }
 
 void KvMaskWnd::Repaint(int refresh)

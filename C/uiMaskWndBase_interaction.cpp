@@ -112,7 +112,6 @@ long long KvMaskWndBase::MouseButtonDownHdl(KvAOIBaseViewWnd* source)
     }
     const MaskTool described = DescribeMaskTool(tool);
     CDC& dc = *view->GetOutputDevice();
-    bool finished = false;
     DrawWith(dc, *rubberPen, hollowBrush,
              [&]
              {
@@ -123,8 +122,7 @@ long long KvMaskWndBase::MouseButtonDownHdl(KvAOIBaseViewWnd* source)
                  else if (described.IsPolygonal())
                  {
                      AddVertex(dc, point);
-                     finished = event.clicks == 2;
-                     if (finished)
+                     if (event.clicks == 2)
                          FinishPolygon();
                  }
              });

@@ -4,6 +4,8 @@
 #include "C/uiAOIBaseViewWnd.h"
 #include "C/uiMaskWndDrawing_p.h"
 
+#include <algorithm>
+
 using namespace KvN;
 
 namespace
@@ -17,11 +19,24 @@ struct PaletteInfo
     RGBQUAD colours[256];
 };
 
-void CheckedGetDIBits(CDC& raster, HBITMAP bitmap, int lines, void* bits, PaletteInfo& info, unsigned long line)
+// Rows from the top of a bitmap, counted from the lowest wanted one upwards; without `bits` only their size.
+void CheckedGetDIBits(CDC& raster, HBITMAP bitmap, int start, int lines, void* bits, PaletteInfo& info,
+                      unsigned long line)
 {
     auto* const record = reinterpret_cast<BITMAPINFO*>(&info);
-    if (::GetDIBits(raster, bitmap, 0, lines, bits, record, DIB_RGB_COLORS) == 0)
+    if (::GetDIBits(raster, bitmap, static_cast<UINT>(start), static_cast<UINT>(lines), bits, record, DIB_RGB_COLORS) ==
+        0)
         throw new KvGDIException(source, line, "GetDIBits", GetLastError());
+}
+
+// Sets `bit` in a row where `in` isn't 0, clears it elsewhere.
+void TakeBit(const unsigned char* in, unsigned char bit, KvTBuf1D<unsigned char>& row)
+{
+    const auto keep = static_cast<unsigned char>(~bit);
+    unsigned char* out = row.data;
+    const int count = row.size; // by itself: bytes may alias the row's size
+    for (int x = 0; x < count; ++x)
+        out[x] = static_cast<unsigned char>((out[x] & keep) | (in[x] ? bit : 0));
 }
 
 // Sets `bit` where the raster isn't black, clears it elsewhere.
@@ -35,20 +50,29 @@ void RasterToAOI(CDC& raster, KvAOI8* aoi, unsigned char bit)
     info.header.biHeight = -size.height;
     info.header.biPlanes = 1;
     info.header.biBitCount = 8;
-    CheckedGetDIBits(raster, bitmap, size.height, nullptr, info, 200);
-    KvTBuf1D<unsigned char> bits(static_cast<int>(info.header.biSizeImage));
-    CheckedGetDIBits(raster, bitmap, size.height, bits.data, info, 210);
-
+    CheckedGetDIBits(raster, bitmap, 0, size.height, nullptr, info, 200);
+    // A band of rows at a time stays in the cache. Rows that are read askew run into the next band: then it is all
+    // rows.
+    constexpr int bandRows = 64;
+    const auto width = static_cast<std::size_t>(size.width);
+    const std::size_t stride = (width + 3) / 4 * 4;
+    const int rows = stride == width ? std::min<int>(bandRows, size.height) : size.height;
+    KvTBuf1D<unsigned char> bits(static_cast<int>(stride) * rows);
     KvTBuf1D<unsigned char> row(size.width);
-    for (short y = 0; y < size.height; ++y)
+    int top = 0;
+    do
     {
-        aoi->GetRow(y, row);
-        // Required: the stride is the width, not the padded row, so widths that 4 does not divide are read askew.
-        const unsigned char* in = bits.data + static_cast<std::size_t>(y) * static_cast<std::size_t>(size.width);
-        for (int x = 0; x < size.width; ++x)
-            row[x] = static_cast<unsigned char>(in[x] ? row[x] | bit : row[x] & ~bit);
-        aoi->SetRow(y, row);
-    }
+        const int bottom = std::min<int>(top + rows, size.height);
+        CheckedGetDIBits(raster, bitmap, size.height - bottom, bottom - top, bits.data, info, 210);
+        for (int y = top; y < bottom; ++y)
+        {
+            aoi->GetRow(static_cast<short>(y), row);
+            // Required: the stride is the width, not the padded row, so widths that 4 does not divide are read askew.
+            TakeBit(bits.data + static_cast<std::size_t>(y - top) * width, bit, row);
+            aoi->SetRow(static_cast<short>(y), row);
+        }
+        top = bottom;
+    } while (top < size.height);
 }
 
 } // namespace
@@ -103,9 +127,14 @@ void KvMaskWndOverlay::UpdateRasteredDC(CDC& mask, CBrush& colour)
              });
 }
 
-void KvMaskWndOverlay::ShowUserRaster(const CRect&)
+void KvMaskWndOverlay::ShowUserRaster(const CRect& changed)
 {
-    UpdateRasteredDC(userMaskDC, userBrush);
+    {
+        // All other pixels have their colour already.
+        const SavedContext unclipped(userMaskDC);
+        userMaskDC.IntersectClipRect(&changed);
+        UpdateRasteredDC(userMaskDC, userBrush);
+    }
     Repaint();
 }
 

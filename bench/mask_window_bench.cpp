@@ -22,8 +22,8 @@ QApplication& Application()
     static char* arguments[] = {name, nullptr};
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    static QApplication application(count, arguments);
-    return application;
+    static auto* application = new QApplication(count, arguments); // stays: windows outlive what a program ends with
+    return *application;
 }
 
 std::unique_ptr<KvBufferAOI8> Pattern(unsigned char bits)

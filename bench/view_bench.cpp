@@ -11,7 +11,9 @@
 #include <benchmark/benchmark.h>
 
 #include <cmath>
+#include <fstream>
 #include <memory>
+#include <unistd.h>
 #include <vector>
 
 using namespace KvN;
@@ -86,6 +88,8 @@ public:
             view->ChangeMousePaintHdl(link);
         else
             view->ChangePaintHdl(link);
+        view->postPaintSignal.Connect(this,
+                                      [](void* self, KvAOIBaseViewWnd&) { static_cast<Scene*>(self)->painted = true; });
         kv::win::Settle();
     }
     ~Scene()
@@ -94,11 +98,14 @@ public:
         host.DestroyWindow();
     }
 
-    // One frame, a little further along.
+    // One paint, a little further along where there is something to scroll.
     void Frame()
     {
+        painted = false;
         step = (step + 3) % 200;
         view->SetAOIPos(KvTPoint<short>(static_cast<short>(step), static_cast<short>(step)));
+        if (painted)
+            return;
         view->InvalidateRect(nullptr);
         view->UpdateWindow();
     }
@@ -124,6 +131,7 @@ private:
     KvAOIWnd window;
     KvAOIBaseViewWnd* view = nullptr;
     int step = 0;
+    bool painted = false;
 };
 
 void View(benchmark::State& state, Path path, bool outlines)
@@ -172,12 +180,33 @@ void Peer(benchmark::State& state, bool withOutlines)
     state.SetLabel("zoom " + std::to_string(zoom).substr(0, 4));
 }
 
-// Scrolling at zoom 1, by the extent of the AOI and of the client.
-void Scrolling(benchmark::State& state, CSize client, int extent, Path path)
+double ResidentMiB()
 {
-    Scene scene(client, extent, extent, 1.0, path, false);
+    std::ifstream file("/proc/self/statm");
+    long total = 0;
+    long resident = 0;
+    file >> total >> resident;
+    return static_cast<double>(resident) * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1 << 20);
+}
+
+enum Extent
+{
+    Drawn, // into the window's own surface
+    Shown  // and from there to the screen
+};
+
+// Scrolling at zoom 1, by the extent of the AOI and of the client.
+void Scrolling(benchmark::State& state, CSize client, int extent, Path path, Extent until = Drawn,
+               bool outlines = false)
+{
+    Scene scene(client, extent, extent, 1.0, path, outlines);
     for (auto _ : state)
+    {
         scene.Frame();
+        if (until == Shown)
+            kv::win::Settle();
+    }
+    state.counters["MiB_beside_AOI"] = ResidentMiB() - static_cast<double>(extent) * extent / (1 << 20);
 }
 
 BENCHMARK_CAPTURE(View, direct, Direct, false)
@@ -241,6 +270,26 @@ BENCHMARK_CAPTURE(Scrolling, large_window_direct, CSize(3840, 2160), 8000, Direc
     ->UseRealTime()
     ->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(Scrolling, large_window_buffered, CSize(3840, 2160), 8000, Buffered)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Scrolling, largest_aoi_persistent, CSize(1600, 1000), 32767, Persistent)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Scrolling, largest_aoi_buffered_outlines, CSize(1600, 1000), 32767, Buffered, Drawn, true)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Scrolling, large_window_direct_shown, CSize(3840, 2160), 8000, Direct, Shown)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Scrolling, large_window_buffered_shown, CSize(3840, 2160), 8000, Buffered, Shown)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Scrolling, large_window_outlines_shown, CSize(3840, 2160), 8000, Buffered, Shown, true)
     ->MeasureProcessCPUTime()
     ->UseRealTime()
     ->Unit(benchmark::kMicrosecond);

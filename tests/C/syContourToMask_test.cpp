@@ -182,6 +182,8 @@ TEST(ContourToMask, InvalidEllipseAndForeignTypeDrawNothing)
 {
     const std::string empty = "...\n...\n";
     EXPECT_EQ(Drawn(List({Figure(KvContour::eEllipse, {{1, 1}, {1, 1}, {2, 1}})}), 3, 2), empty);
+    EXPECT_EQ(Drawn(List({Figure(KvContour::eCircle, {{1, 1}, {1, 1}})}), 3, 2), empty);
+    EXPECT_EQ(Drawn(List({Figure(KvContour::eCircle, {{1, 1}, {2, 1}, {1, 0}})}), 3, 2), empty);
     EXPECT_EQ(Drawn(List({Figure(static_cast<KvContour::eContourType>(6), {{0, 0}, {0, 1}, {1, 1}})}), 3, 2), empty);
     EXPECT_EQ(Drawn(List({Figure(static_cast<KvContour::eContourType>(-1), {{0, 0}, {0, 1}, {1, 1}})}), 3, 2), empty);
 }

@@ -1,6 +1,8 @@
 // The frame around the view: its place in the host.
 #include "tests/ui/aoi_window.h"
 
+#include <cstdlib>
+
 using namespace KvN;
 using kv::test::AOIWindow;
 using kv::test::Ramp;
@@ -76,4 +78,48 @@ TEST(AOIFrame, WithoutAViewFillsWhatItWasGiven)
     EXPECT_EQ(place, CRect(0, 0, 70, 30));
     frame->DestroyWindow();
     delete frame;
+}
+
+TEST(AOIFrame, ItsOwnPaintRepaintsTheView)
+{
+    const auto aoi = Ramp(100, 50);
+    AOIWindow aoiWindow(CSize(400, 300));
+    KvAOIBaseViewWnd& view = aoiWindow.View();
+    view.SetAOI(aoi.get());
+    kv::win::Settle();
+    CRect update;
+    ASSERT_FALSE(view.GetUpdateRect(&update));
+    view.GetParentFrame()->SendMessage(WM_PAINT, 0, 0);
+    EXPECT_TRUE(view.GetUpdateRect(&update));
+    EXPECT_EQ(update, CRect(0, 0, 100, 50));
+}
+
+namespace
+{
+// Lays a frame out whose view asks for more than there can be, then one that could be laid out.
+void OverflowAndRecover()
+{
+    const auto aoi = Ramp(2048, 4);
+    AOIWindow aoiWindow(CSize(400, 300));
+    KvAOIBaseViewWnd& view = aoiWindow.View();
+    view.SetAOI(aoi.get());
+    view.SetDefaultOff();
+    EXPECT_NE(kv::test::Thrown([&] { view.SetZoomFactor(16.0); }), "");
+    EXPECT_NE(kv::test::Thrown([&] { view.GetParentFrame()->SendMessage(WM_SIZE, 0, MAKELPARAM(50, 40)); }), "");
+    view.SetZoomFactor(0.125);
+    EXPECT_EQ(aoiWindow.Open().resizing, 0);
+    aoiWindow.ResizeHost(CSize(600, 500));
+    EXPECT_EQ(aoiWindow.Frame(), CRect(0, 0, 600, 500)) << "where the host puts it, no longer centred";
+}
+} // namespace
+
+// In a process of its own, since nothing clears the guard.
+TEST(AOIFrameDeathTest, AnOverflowDuringASizeChangeLeavesTheGuardSet)
+{
+    EXPECT_EXIT(
+        {
+            OverflowAndRecover();
+            std::_Exit(HasFailure() ? 1 : 0);
+        },
+        testing::ExitedWithCode(0), "");
 }

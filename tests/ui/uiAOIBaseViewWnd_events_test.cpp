@@ -1,6 +1,9 @@
 // The AOI view's events: from messages to handlers and signals, and the cursor.
 #include "platform/win/modal.h"
+#include "platform/win/qt_host.h"
 #include "tests/ui/aoi_window.h"
+
+#include <QWidget>
 
 #include <utility>
 
@@ -124,6 +127,9 @@ TEST_F(AOIViewEvents, ALeaveComesOnlyIfAskedForAndIsToldByItsFlags)
     kv::win::LeaveMouse();
     EXPECT_EQ(view.GetMouseEvent().flags, 65535u);
     EXPECT_EQ(log.substr(0, 9), "m(0,65535");
+    kv::win::MoveMouse(Window(), CPoint(5, 6));
+    EXPECT_EQ(view.SendMessage(WM_MOUSELEAVE, 0, 0), 1);
+    EXPECT_EQ(Event(), "0,65535,5,6,1") << "the pointer's place in the client area";
 }
 
 TEST_F(AOIViewEvents, ALinkIsReplacedNotStacked)
@@ -195,6 +201,18 @@ TEST_F(AOIViewEvents, SettingTheDefaultCursorDuringAMoveShowsWithThatMove)
     view.ChangeMouseMoveHdl(setting.Link());
     kv::win::MoveMouse(Window(), CPoint(1, 1));
     EXPECT_EQ(GetCursor(), cross);
+}
+
+TEST_F(AOIViewEvents, AMoveUnderTheRightCursorSetsNone)
+{
+    kv::win::MoveMouse(Window(), CPoint(1, 1));
+    QWidget* widget = kv::win::WidgetOf(Window());
+    widget->setCursor(Qt::ForbiddenCursor); // any cursor that is set would replace it
+    kv::win::MoveMouse(Window(), CPoint(2, 1));
+    EXPECT_EQ(widget->cursor().shape(), Qt::ForbiddenCursor);
+    view.SetDefaultCursor(LoadCursorW(nullptr, IDC_CROSS));
+    kv::win::MoveMouse(Window(), CPoint(3, 1));
+    EXPECT_EQ(widget->cursor().shape(), Qt::CrossCursor);
 }
 
 TEST_F(AOIViewEvents, KeysAreSignalledWhileTheViewHasTheFocus)

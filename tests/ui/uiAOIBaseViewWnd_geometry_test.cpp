@@ -266,6 +266,64 @@ TEST(AOIViewLayout, ANullAOIHidesTheFrameUntilTheDefaultIsAppliedAgain)
     EXPECT_TRUE(view.IsWindowVisible());
 }
 
+TEST(AOIViewLayout, AnUpdateSetsTheContentAndRepaintsTheHost)
+{
+    const auto aoi = Ramp(50, 40);
+    const AOIWindow aoiWindow;
+    KvAOIBaseViewWnd& view = aoiWindow.View();
+    view.OnUpdate(nullptr, 0, nullptr);
+    EXPECT_EQ(view.GetTotalDevSize(), CSize(10, 10)) << "without an AOI";
+    view.SetAOI(aoi.get());
+    kv::win::Settle();
+    CRect update;
+    ASSERT_FALSE(aoiWindow.window->GetUpdateRect(&update));
+    view.OnUpdate(nullptr, 0, nullptr);
+    EXPECT_EQ(view.GetTotalDevSize(), CSize(50, 40));
+    EXPECT_TRUE(aoiWindow.window->GetUpdateRect(&update));
+}
+
+TEST(AOIViewScroll, AStepOfTheBarIsOneAOIPixel)
+{
+    const auto aoi = Ramp(1000, 800);
+    const AOIWindow aoiWindow(CSize(200, 100));
+    KvAOIBaseViewWnd& view = aoiWindow.View();
+    view.SetAOI(aoi.get());
+    Zoom(view, 3.0, 3.0);
+    view.SendMessage(WM_HSCROLL, MAKEWPARAM(SB_LINERIGHT, 0), 0);
+    view.SendMessage(WM_VSCROLL, MAKEWPARAM(SB_LINEDOWN, 0), 0);
+    EXPECT_EQ(view.GetScrollPos(), Point(3, 3));
+}
+
+TEST(AOIViewScroll, ScrollingRepaintsTheWholeClientArea)
+{
+    const auto aoi = Ramp(1000, 800);
+    const AOIWindow aoiWindow(CSize(200, 100));
+    KvAOIBaseViewWnd& view = aoiWindow.View();
+    view.SetAOI(aoi.get());
+    kv::win::Settle();
+    CRect update;
+    CRect client;
+    view.GetClientRect(&client);
+    view.OnScrollBy(CSize(0, 0), TRUE); // even if nothing moves
+    EXPECT_TRUE(view.GetUpdateRect(&update));
+    EXPECT_EQ(update, client);
+}
+
+TEST(AOIViewScroll, TheLinksAreCalledAfterTheRepaint)
+{
+    const auto aoi = Ramp(1000, 800);
+    const AOIWindow aoiWindow(CSize(200, 100));
+    KvAOIBaseViewWnd& view = aoiWindow.View();
+    view.SetAOI(aoi.get());
+    kv::win::Settle();
+    std::string calls;
+    view.postPaintSignal.Connect(&calls, [](void* log, KvAOIBaseViewWnd&) { *static_cast<std::string*>(log) += "p"; });
+    Handler vertical([&](void*) { calls += "v"; });
+    view.ChangeVScrollHdl(vertical.Link());
+    view.SetAOIPos({0, 20});
+    EXPECT_EQ(calls, "pv");
+}
+
 TEST(AOIViewScroll, ScrollingCallsTheLinkOfEachAxisThatMoved)
 {
     const auto aoi = Ramp(1000, 800);

@@ -1,6 +1,10 @@
 // The AOI view's context menus: variants, what is checked and enabled, commands.
+#include "C/uiAOIBaseViewWnd_menus_p.h"
 #include "platform/win/modal.h"
 #include "tests/ui/aoi_window.h"
+
+#include <QApplication>
+#include <QWidget>
 
 using namespace KvN;
 using kv::test::AOIWindow;
@@ -80,7 +84,9 @@ TEST_F(AOIViewMenu, TheVariantDependsOnKindAndList)
     view.UseContextMenu(2);
     EXPECT_EQ(Open().size(), 2u); // an empty list: the usual menu
     view.AddAOI(aoi.get());
-    EXPECT_EQ(Open().size(), 3u);
+    const auto items = Open();
+    ASSERT_EQ(items.size(), 3u);
+    EXPECT_EQ(items[2].items.size(), 1u);
     view.UseContextMenu(77);
     EXPECT_EQ(Open().size(), 2u);
 }
@@ -181,6 +187,18 @@ TEST_F(AOIViewMenu, FittingAndAspectRatio)
     EXPECT_EQ(view.GetNecessaryOutputSize(), (KvTSize<short>(800, 600)));
 }
 
+TEST_F(AOIViewMenu, AChangedAspectRatioTakesEffectAtOnce)
+{
+    const auto flat = Ramp(40, 10);
+    view.SetAOI(flat.get());
+    Open(45010);
+    EXPECT_EQ(aoiWindow.Frame().Size(), CSize(800, 200));
+    Open(45012);
+    EXPECT_EQ(aoiWindow.Frame().Size(), CSize(800, 600));
+    Open(45012);
+    EXPECT_EQ(aoiWindow.Frame().Size(), CSize(800, 200));
+}
+
 TEST_F(AOIViewMenu, UnderTheDefaultTheAspectRatioStays)
 {
     view.SetDefaultFittedToWindow(1);
@@ -254,6 +272,23 @@ TEST_F(AOIViewMenu, OfTwentyBackgroundsSixteenAreOffered)
     EXPECT_TRUE(Checked(items, 2).empty());
 }
 
+TEST_F(AOIViewMenu, OfFiftyTablesFortyFiveAreOffered)
+{
+    KvTMem<KvString> names(50);
+    for (unsigned i = 0; i < names.size; ++i)
+        names[i] = KvString(("table " + std::to_string(i)).c_str());
+    CMenu popup;
+    popup.CreatePopupMenu();
+    AppendLuts(popup, names, names[44]);
+    ASSERT_EQ(popup.GetMenuItemCount(), 45u);
+    EXPECT_EQ(popup.GetMenuItemID(44), 45059u);
+    CString last;
+    popup.GetMenuString(45059, last, MF_BYCOMMAND);
+    EXPECT_EQ(last.Utf8(), "table 44");
+    EXPECT_TRUE(popup.GetMenuState(45059, MF_BYCOMMAND) & MF_CHECKED);
+    EXPECT_FALSE(popup.GetMenuState(45058, MF_BYCOMMAND) & MF_CHECKED);
+}
+
 TEST_F(AOIViewMenu, PartsCanBeSwitchedOff)
 {
     view.AddAOI(aoi.get());
@@ -287,16 +322,18 @@ TEST_F(AOIViewMenu, ACommandOutsideWhatThereIsDoesNothing)
 
 TEST_F(AOIViewMenu, FromTheKeyboardItOpensInTheCorner)
 {
-    bool opened = false;
+    CPoint place;
     kv::win::SetModalHook(
         [&]
         {
-            opened = true;
+            const QPoint corner = QApplication::activePopupWidget()->pos();
+            place = CPoint(corner.x(), corner.y());
             kv::win::DismissMenu();
         });
     view.SetFocus();
     kv::win::PressKey(VK_APPS);
     kv::win::ReleaseKey(VK_APPS);
     kv::win::SetModalHook({});
-    EXPECT_TRUE(opened);
+    view.ScreenToClient(&place);
+    EXPECT_EQ(place, CPoint(5, 5));
 }

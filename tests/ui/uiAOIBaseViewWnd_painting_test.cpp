@@ -1,6 +1,10 @@
 // The AOI view's painting: three ways of buffering, shrink, overlay, tables, order of handlers and signals, failures.
+#include "platform/afx/dcguards.h"
 #include "tests/ui/aoi_window.h"
 #include "tests/ui/golden.h"
+
+#include <fstream>
+#include <random>
 
 using namespace KvN;
 using kv::test::AOIWindow;
@@ -59,6 +63,15 @@ protected:
     Handler paint{[this](void* data) { log += data == &view ? 'P' : '?'; }};
     Handler mousePaint{[this](void* data) { log += data == &view ? 'M' : '?'; }};
 };
+
+long ResidentPages()
+{
+    std::ifstream file("/proc/self/statm");
+    long total = 0;
+    long resident = 0;
+    file >> total >> resident;
+    return resident;
+}
 
 // Outlines and a filled ellipse, in AOI pixels.
 void DrawFigures(KvAOIBaseViewWnd& view)
@@ -131,6 +144,22 @@ TEST_F(AOIViewPaint, OnAPrinterTheHandlersDrawAfterTheImage)
     EXPECT_EQ(log, "<PM>");
 }
 
+TEST_F(AOIViewPaint, ShrunkAPrinterIsShownTheImageAlone)
+{
+    view.ChangeMousePaintHdl(mousePaint.Link());
+    view.SetShrink(2);
+    CClientDC dc(&view);
+    view.OnPrepareDC(&dc);
+    dc.m_bPrinting = TRUE;
+    for (const KvTools::Link& link : {paint.Link(), KvTools::Link()})
+    {
+        view.ChangePaintHdl(link);
+        log.clear();
+        view.OnDraw(&dc);
+        EXPECT_EQ(log, "<>");
+    }
+}
+
 TEST_F(AOIViewPaint, AHandlerDrawsOnTheDeviceOfThePaintAndASlotBeforeOnTheWindows)
 {
     HDC before = nullptr;
@@ -144,6 +173,32 @@ TEST_F(AOIViewPaint, AHandlerDrawsOnTheDeviceOfThePaintAndASlotBeforeOnTheWindow
     EXPECT_NE(before, during);
     EXPECT_EQ(before, view.GetOutputDevice()->m_hDC);
     EXPECT_EQ(view.IsInDraw(), 0);
+}
+
+TEST_F(AOIViewPaint, ASlotAfterThePaintDrawsOnItsContextWhoseStretchModeComesBack)
+{
+    CDC* after = nullptr;
+    view.postPaintSignal.Connect(&after, [](void* result, KvAOIBaseViewWnd& v)
+                                 { *static_cast<CDC**>(result) = v.GetOutputDevice(); });
+    for (const KvTools::Link& link : {paint.Link(), KvTools::Link()})
+    {
+        for (const bool memDC : {false, true})
+        {
+            for (const unsigned short shrink : {1, 3})
+            {
+                view.ChangePaintHdl(link);
+                view.UseMemDC() = memDC;
+                view.SetShrink(shrink);
+                CClientDC dc(&view);
+                view.OnPrepareDC(&dc);
+                dc.SetStretchBltMode(WHITEONBLACK);
+                after = nullptr;
+                view.OnDraw(&dc);
+                EXPECT_EQ(after, &dc);
+                EXPECT_EQ(dc.GetStretchBltMode(), WHITEONBLACK);
+            }
+        }
+    }
 }
 
 TEST_F(AOIViewPaint, CallPaintHandlerShowsItsDeviceWhileItRuns)
@@ -238,6 +293,72 @@ TEST_F(AOIViewPaint, AnExceptionOfTheSystemPassesAsItIs)
     }
 }
 
+TEST_F(AOIViewPaint, AHandlerThatThrowsWhileTheWindowPaintsLeavesAWorkingWindow)
+{
+    for (const bool memDC : {false, true})
+    {
+        for (const unsigned short shrink : {1, 3})
+        {
+            view.UseMemDC() = memDC;
+            view.SetShrink(shrink);
+            Repaint();
+            const auto expected = Picture();
+            Handler throwing([](void*) { AfxThrowResourceException("kaputt"); });
+            view.ChangePaintHdl(throwing.Link());
+            EXPECT_EQ(Thrown([&] { Repaint(); }), "kaputt");
+            view.ChangePaintHdl({});
+            Repaint();
+            EXPECT_EQ(log, "<>");
+            EXPECT_EQ(Picture().pixels, expected.pixels);
+        }
+    }
+}
+
+TEST_F(AOIViewPaint, ATableThatVanishesLeavesAWorkingWindow)
+{
+    {
+        KvOLut own(KvString("own"), pOLutMgr->GetLut(KvString("Hot"))->GetColors());
+        aoi->SetOLut(&own);
+        Repaint();
+        EXPECT_EQ(aoiWindow.Shown(3, 4), 0x150000u);
+        EXPECT_EQ(view.GetOutputLut().Utf8(), "own");
+    }
+    for (const bool memDC : {false, true})
+    {
+        view.UseMemDC() = memDC;
+        Repaint();
+        EXPECT_EQ(aoiWindow.Shown(3, 4), 0x070707u);
+    }
+    EXPECT_EQ(view.GetOutputLut().Utf8(), "Grey");
+}
+
+TEST_F(AOIViewPaint, AfterAnAOIWithoutExtentTheNextOneIsShown)
+{
+    for (const bool memDC : {false, true})
+    {
+        view.UseMemDC() = memDC;
+        for (const auto& [width, height] : {std::pair<short, short>{0, 0}, {0, 50}, {50, 0}})
+        {
+            const auto none = Grey(width, height, 0);
+            view.SetAOI(none.get());
+            view.ChangePaintHdl(paint.Link());
+            Repaint();
+            Zoom(2, 2);
+            view.SetAOIPos({5, 5});
+            kv::win::MoveMouse(view.m_hWnd, CPoint(3, 3));
+            view.ResizeBaseWindow();
+            view.ChangePaintHdl({});
+            Zoom(1, 1);
+            view.SetAOI(aoi.get());
+            view.SetDefaultOn();
+            view.UseMemDC() = false; // the persistent context keeps its first size
+            Repaint();
+            EXPECT_EQ(aoiWindow.Shown(3, 4), 0x070707u);
+            view.UseMemDC() = memDC;
+        }
+    }
+}
+
 TEST_F(AOIViewPaint, AForeignExceptionLeavesTheFlagsAsTheyAre)
 {
     Handler throwing([](void*) { throw 5; });
@@ -291,6 +412,23 @@ TEST_F(AOIViewPaint, ShrinkShowsBlocksOfOnePixel)
     EXPECT_NE(aoiWindow.Shown(4, 0), aoiWindow.Shown(3, 0));
 }
 
+TEST_F(AOIViewPaint, AnImageNarrowerThanTheReductionIsShownAsItIs)
+{
+    const auto narrow = Ramp(3, 40);
+    view.SetAOI(narrow.get());
+    view.SetShrink(4);
+    for (const KvTools::Link& link : {paint.Link(), KvTools::Link()})
+    {
+        view.ChangePaintHdl(link);
+        Repaint();
+        for (int y = 0; y < 40; ++y)
+        {
+            for (int x = 0; x < 3; ++x)
+                ASSERT_EQ(aoiWindow.Shown(x, y), static_cast<unsigned>(x + y) * 0x010101) << x << "," << y;
+        }
+    }
+}
+
 TEST_F(AOIViewPaint, EveryIntegralZoomShowsSquaresOfOnePixelOnEachPath)
 {
     for (const int zoom : {1, 2, 3, 8})
@@ -316,22 +454,51 @@ TEST_F(AOIViewPaint, EveryIntegralZoomShowsSquaresOfOnePixelOnEachPath)
     }
 }
 
-TEST_F(AOIViewPaint, AMemoryContextHasOnlyTheVisiblePixels)
+TEST_F(AOIViewPaint, AMemoryContextHasTheSizeOfTheImageAndTakesMemoryOnlyWhereSomebodyDraws)
 {
     const auto large = Ramp(20000, 20000);
     view.SetAOI(large.get());
     view.SetAOIPos({15000, 12000});
+    const long before = ResidentPages();
     CSize bitmap;
-    Handler look([&](void*) { bitmap = view.GetOutputDevice()->GetCurrentBitmap()->GetBitmapDimension(); });
+    Handler look(
+        [&](void*)
+        {
+            CDC* dc = view.GetOutputDevice();
+            bitmap = dc->GetCurrentBitmap()->GetBitmapDimension();
+            dc->Ellipse(0, 0, 20000, 20000);
+            EXPECT_EQ(dc->GetPixel(3, 4), RGB(7, 7, 7));
+        });
     view.ChangePaintHdl(look.Link());
-    for (const unsigned short shrink : {1, 4})
+    for (const bool memDC : {false, true})
     {
-        view.SetShrink(shrink);
+        for (const unsigned short shrink : {1, 4})
+        {
+            view.UseMemDC() = memDC;
+            view.SetShrink(shrink);
+            Repaint();
+            EXPECT_EQ(bitmap, CSize(20000, 20000));
+        }
+    }
+    EXPECT_LT(ResidentPages() - before, 40000 / 4); // of 4 KiB
+}
+
+TEST_F(AOIViewPaint, AHandlersOwnViewportOriginCountsFromTheImagesCorner)
+{
+    Handler mark(
+        [&](void*)
+        {
+            CDC* dc = view.GetOutputDevice();
+            const ViewportOrigin origin(*dc, 150, 110);
+            dc->SetPixelV(2, 3, RGB(1, 2, 3));
+        });
+    view.SetAOIPos({100, 60});
+    for (const bool memDC : {false, true})
+    {
+        view.UseMemDC() = memDC;
+        view.ChangePaintHdl(mark.Link());
         Repaint();
-        EXPECT_GT(bitmap.cx, 100);
-        EXPECT_LE(bitmap.cx, 160);
-        EXPECT_GT(bitmap.cy, 80);
-        EXPECT_LE(bitmap.cy, 120);
+        EXPECT_EQ(aoiWindow.Shown(152, 113), 0x010203u) << memDC;
     }
 }
 
@@ -391,10 +558,78 @@ TEST_F(AOIViewPaint, AColourImageGoesThroughTheOverlayWithNoneSet)
     EXPECT_EQ(aoiWindow.Shown(3, 4), 0x0A141Eu);
 }
 
+namespace
+{
+// Notes which of the calls a paint makes: S plain, O overlay, M overlay with a mask.
+template <class AOI>
+struct Noting : AOI
+{
+    using AOI::AOI;
+    using Rect = KvTRectangle<short>;
+
+    void ShowStretched(const Rect& source, const Rect& destination, CDC* dc) const override
+    {
+        Note('S', source, destination);
+        AOI::ShowStretched(source, destination, dc);
+    }
+    void ShowStretchedOverlay(KvAOI* overlay, KvAOI8* mask, float strength, const Rect& source, const Rect& destination,
+                              CDC* dc) const override
+    {
+        Note('M', source, destination);
+        AOI::ShowStretchedOverlay(overlay, mask, strength, source, destination, dc);
+    }
+    void ShowStretchedOverlay(KvAOI* overlay, float strength, const Rect& source, const Rect& destination,
+                              CDC* dc) const override
+    {
+        Note('O', source, destination);
+        AOI::ShowStretchedOverlay(overlay, strength, source, destination, dc);
+    }
+    // The area is the whole one on both sides, whatever is visible.
+    void Note(char call, const Rect& source, const Rect& destination) const
+    {
+        calls += source == this->AOIRect() && destination == this->AOIRect() ? call : '?';
+    }
+
+    mutable std::string calls;
+};
+} // namespace
+
+TEST_F(AOIViewPaint, OnlyAColourImageAsksForAnOverlayThatIsNotThere)
+{
+    const KvTSize<short> size(300, 200);
+    const auto overlay = Grey(300, 200, 0);
+    const auto mask = Grey(300, 200, 0);
+    const auto calls = [&](auto& image)
+    {
+        view.SetAOI(&image);
+        image.calls.clear();
+        view.SetMaskAOI(nullptr);
+        view.SetOverlayAOI(nullptr);
+        Repaint();
+        view.SetMaskAOI(mask.get());
+        Repaint();
+        view.SetOverlayAOI(overlay.get());
+        Repaint();
+        view.SetMaskAOI(nullptr);
+        Repaint();
+        return image.calls;
+    };
+    Noting<KvBufferAOI8> grey(size, 0);
+    Noting<KvBufferAOI32Float> real(size, 0);
+    Noting<KvBufferAOI32Color> color(size, 0);
+    EXPECT_EQ(calls(grey), "SSMO");
+    EXPECT_EQ(calls(real), "SSMO");
+    EXPECT_EQ(calls(color), "OMMO");
+    view.SetAOI(nullptr);
+}
+
 TEST_F(AOIViewPaint, ATableShowsAtOnceAndAnUnknownNameChangesNothing)
 {
     EXPECT_EQ(view.GetOutputLut().Utf8(), "Grey");
+    kv::win::Settle();
+    log.clear();
     view.SetOutputLut(KvString("GreyInverted"));
+    EXPECT_EQ(log, "<>");
     EXPECT_EQ(aoiWindow.Shown(3, 4), 0xF8F8F8u);
     view.SetOutputLut(KvString("none of that name"));
     EXPECT_EQ(view.GetOutputLut().Utf8(), "GreyInverted");
@@ -408,7 +643,10 @@ TEST_F(AOIViewPaint, AnImageOfTheSameSizeIsShownWithoutALayOut)
     int resized = 0;
     Handler count([&](void*) { ++resized; });
     view.ChangeResizeHdl(count.Link());
+    kv::win::Settle();
+    log.clear();
     view.SetAOI(same.get());
+    EXPECT_EQ(log, "<>");
     EXPECT_EQ(resized, 0);
     EXPECT_EQ(view.GetScrollPos(), (KvTPoint<short>(40, 30)));
     EXPECT_EQ(aoiWindow.Shown(41, 31), 0x4D4D4Du);
@@ -453,6 +691,102 @@ TEST_F(AOIViewPaint, AMoveThatChangesNothingCostsNoPaint)
     kv::win::MoveMouse(view.m_hWnd, CPoint(20, 20));
     kv::win::MoveMouse(view.m_hWnd, CPoint(20, 20));
     EXPECT_EQ(log, "");
+}
+
+namespace
+{
+// Random figures over a picture of 300 by 200, the same for one seed whatever they are drawn on.
+void DrawRandomly(CDC* dc, unsigned seed)
+{
+    std::mt19937 random(seed);
+    const auto pick = [&](int low, int high) { return std::uniform_int_distribution<>(low, high)(random); };
+    // Figures beyond the visible part are not drawn, the image is there.
+    if (pick(0, 2) == 0)
+        dc->BitBlt(pick(0, 250), pick(0, 150), 60, 50, dc, pick(0, 250), pick(0, 150), SRCCOPY);
+    for (int count = pick(0, 6); count > 0; --count)
+    {
+        CPen pen(PS_SOLID, pick(0, 4), RGB(pick(0, 255), pick(0, 255), pick(0, 255)));
+        CBrush brush(RGB(pick(0, 255), pick(0, 255), pick(0, 255)));
+        const SelectedObject penSelected(*dc, static_cast<HGDIOBJ>(pen));
+        const SelectedObject brushSelected(*dc, pick(0, 1) ? static_cast<HGDIOBJ>(brush) : GetStockObject(NULL_BRUSH));
+        const Rop2Mode rop(*dc, pick(0, 2) ? R2_COPYPEN : R2_XORPEN);
+        const int x = pick(-20, 300), y = pick(-20, 200), width = pick(1, 120), height = pick(1, 80);
+        const POINT corners[] = {{x, y}, {x + width, y + height / 3}, {x + width / 2, y + height}};
+        switch (pick(0, 4))
+        {
+        case 0:
+            dc->Polygon(corners, 3);
+            break;
+        case 1:
+            dc->Ellipse(x, y, x + width, y + height);
+            break;
+        case 2:
+            dc->TextOut(x, y, CString("12,5"));
+            break;
+        case 3:
+            dc->PatBlt(x, y, width, height, pick(0, 1) ? PATINVERT : DSTINVERT);
+            break;
+        default:
+            dc->Polyline(corners, 3);
+        }
+    }
+}
+
+// A memory DC of the whole AOI, drawn at once.
+struct WholeMemory : CDC
+{
+    WholeMemory(CDC* like, int width, int height)
+    {
+        CreateCompatibleDC(like);
+        bitmap.CreateCompatibleBitmap(like, width, height);
+        former = SelectObject(bitmap.GetSafeHandle());
+    }
+    ~WholeMemory() override { SelectObject(former); }
+
+    CBitmap bitmap;
+    HGDIOBJ former;
+};
+} // namespace
+
+TEST_F(AOIViewPaint, AtRandomEveryBufferedPathShowsWhatAMemoryContextOfTheWholeImageShows)
+{
+    std::mt19937 random(1207);
+    const auto pick = [&](int low, int high) { return std::uniform_int_distribution<>(low, high)(random); };
+    const auto overlay = Ramp(300, 200);
+    for (int i = 0; i < 60; ++i)
+    {
+        const double zoom = pick(0, 2) ? pick(1, 8) : pick(4, 40) / 13.0;
+        Zoom(zoom, pick(0, 3) ? zoom : zoom * 1.5);
+        view.SetAOIPos({static_cast<short>(pick(0, 299)), static_cast<short>(pick(0, 199))});
+        const auto reduction = static_cast<unsigned short>(pick(0, 3) ? 1 : pick(2, 16));
+        view.SetShrink(reduction);
+        view.SetOverlayAOI(pick(0, 3) ? nullptr : overlay.get());
+        view.SetOverlayStrength(0.4f);
+        view.UseMemDC() = reduction == 1 && pick(0, 1);
+        const unsigned seed = random();
+        Handler figures([&](void*) { DrawRandomly(view.GetOutputDevice(), seed); });
+        view.ChangePaintHdl(figures.Link());
+        Repaint();
+        const auto shown = Picture();
+
+        // The long way, straight onto the window.
+        CClientDC dc(&view);
+        view.OnPrepareDC(&dc);
+        WholeMemory memory(&dc, 300, 200), second(&dc, 300, 200);
+        if (view.GetOverlayAOI())
+            aoi->ShowStretchedOverlay(overlay.get(), 0.4f, aoi->AOIRect(), aoi->AOIRect(), &memory);
+        else
+            aoi->ShowStretched(aoi->AOIRect(), aoi->AOIRect(), &memory);
+        DrawRandomly(&memory, seed);
+        const CRect r = view.GetVisibleLogicalRect();
+        const int x = r.left, y = r.top, w = r.Width(), h = r.Height();
+        if (reduction > 1 && second.StretchBlt(x, y, w / reduction, h / reduction, &memory, x, y, w, h, SRCCOPY))
+            memory.StretchBlt(x, y, w, h, &second, x, y, w / reduction, h / reduction, SRCCOPY);
+        const StretchMode mode(dc, COLORONCOLOR);
+        dc.PatBlt(x, y, w, h, WHITENESS);
+        dc.BitBlt(x, y, w, h, &memory, x, y, SRCCOPY);
+        ASSERT_EQ(Picture().pixels, shown.pixels) << "case " << i << ", zoom " << zoom << ", shrink " << reduction;
+    }
 }
 
 TEST_F(AOIViewPaint, GoldenAtEachZoomAndPath)

@@ -87,6 +87,23 @@ TEST_F(EditorCursors, SizeCursorsTurnWithTheContour)
     }
 }
 
+TEST_F(EditorCursors, QuarterTurnSwapsTheCornersAndKeepsTheCursorsOfThePlaces)
+{
+    const std::pair<int, int> places[] = {{50, 30}, {130, 110}, {50, 110}, {130, 30},
+                                          {50, 70}, {130, 70},  {90, 30},  {90, 110}};
+    KvContour rect = Rect(50, 30, 130, 110);
+    std::vector<HCURSOR> cursors[2];
+    for (auto& of : cursors)
+    {
+        Give({rect});
+        editor->SelectContour(0);
+        for (const auto& [x, y] : places)
+            of.push_back(At(x, y));
+        rect.Transform(KvVec2d(90, 70), KvVec2d(0, 0), KvMath::Pi / 2);
+    }
+    EXPECT_EQ(cursors[0], cursors[1]);
+}
+
 TEST_F(EditorCursors, ModifierOverACornerShowsTheRotationWithoutAMove)
 {
     Give({Rect(50, 30, 130, 110)});

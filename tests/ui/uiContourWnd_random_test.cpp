@@ -1,9 +1,9 @@
-// An operator who does anything: whatever comes, the two orders hold the same contours, the capture is free at rest,
-// and undoing everything gives the first state. KV_RANDOM_EVENTS sets the number of events, KV_RANDOM_SEED the seed.
+// An operator who does anything: whatever comes, the two orders hold the same valid contours, the capture is free at
+// rest, the screen shows what a repaint would show, and undoing everything gives the first state.
 #include "tests/ui/contour_editor.h"
+#include "tests/ui/random_rounds.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <map>
 #include <random>
 #include <set>
@@ -17,7 +17,7 @@ namespace
 
 using Wnd = KvContourWnd;
 
-class RandomOperator : public EditorTest
+class RandomOperator : public EditorDrawing, public ::testing::WithParamInterface<int>
 {
 protected:
     int Below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(random); }
@@ -105,12 +105,49 @@ protected:
             return editor->SetTool(tool), "tool " + std::to_string(tool);
         }
         if (kind < 96)
-            return editor->SelectContour(Below(8)), "select";
+            return Switch();
         if (kind < 97)
             return editor->SetPolylineWidth(static_cast<unsigned short>(Below(9))), "width";
         if (kind < 99)
             return editor->Undo(), "undo";
         return editor->Redo(), "redo";
+    }
+
+    // What hosts do meanwhile. None of it repaints, but for the zoom.
+    std::string Switch()
+    {
+        const int on = Below(2);
+        shownIsOld = true;
+        switch (Below(8))
+        {
+        case 0:
+            return on ? editor->SetEnableDeleteOn() : editor->SetEnableDeleteOff(), "delete";
+        case 1:
+            return on ? editor->SetEnableInvertOn() : editor->SetEnableInvertOff(), "invert";
+        case 2:
+            return Below(4) ? editor->SetInteractionOn() : editor->SetInteractionOff(), "interaction";
+        case 3:
+            return on ? editor->SetShowThumbsOn() : editor->SetShowThumbsOff(), "thumbs";
+        case 4:
+            return on ? editor->SetShowPolylineDirectionOn() : editor->SetShowPolylineDirectionOff(), "direction";
+        case 5:
+            return view->SetZoomFactor(on ? 2.0 : 1.0), kv::win::Settle(), "zoom";
+        default:
+            return editor->SelectContour(Below(8)), "select";
+        }
+    }
+
+    // With no figure under way nothing is left behind on the screen.
+    void CheckScreen(const std::string& event)
+    {
+        if (!shownIsOld)
+        {
+            const auto shown = Shown().pixels;
+            Repaint();
+            ASSERT_EQ(shown, Shown().pixels) << event;
+        }
+        Repaint();
+        shownIsOld = false;
     }
 
     void Check(const std::string& event)
@@ -134,32 +171,28 @@ protected:
         {
             ASSERT_EQ(::GetCapture(), nullptr) << event;
         }
+        if (!editor->IsEditing() && Below(20) == 0)
+            CheckScreen(event);
     }
 
-    static unsigned Seed()
-    {
-        const char* wanted = std::getenv("KV_RANDOM_SEED");
-        return wanted ? static_cast<unsigned>(std::atoi(wanted)) : 20240607u;
-    }
-
-    std::mt19937 random{Seed()};
+    std::mt19937 random{RoundSeed(GetParam())};
     std::map<UINT, bool> down;
     bool pressed = false;
+    bool shownIsOld = true; // something changed that does not repaint
     int x = 0;
     int y = 0;
 };
 
-TEST_F(RandomOperator, LeavesTheEditorWholeWhateverHappens)
+TEST_P(RandomOperator, LeavesTheEditorWholeWhateverHappens)
 {
-    const char* wanted = std::getenv("KV_RANDOM_EVENTS");
-    const int events = wanted ? std::atoi(wanted) : 5000;
+    const int events = RoundEvents(10000, 2500);
     Give({Rect(20, 20, 70, 60), Shape(KvContour::ePolygon, {{90, 30}, {100, 120}, {160, 80}}),
           Shape(KvContour::ePolyline, {{20, 130}, {180, 130}})});
     const std::string first = Dump();
     for (int i = 0; i < events; ++i)
     {
         const std::string event = Event();
-        Check("event " + std::to_string(i) + ": " + event);
+        Check("seed " + std::to_string(RoundSeed(GetParam())) + ", event " + std::to_string(i) + ": " + event);
         if (HasFatalFailure())
             return;
     }
@@ -183,5 +216,7 @@ TEST_F(RandomOperator, LeavesTheEditorWholeWhateverHappens)
         editor->Undo();
     EXPECT_EQ(Dump(), first);
 }
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomOperator, Rounds(10, 2));
 
 } // namespace

@@ -166,6 +166,67 @@ TEST_F(EditorDrawing, HandlesBelongToTheSelectedContour)
     EXPECT_TRUE(Near(PointsOf(Contour(0)), {{40, 40}, {40, 110}, {150, 110}, {150, 40}}));
 }
 
+TEST_F(EditorDrawing, PolylineWidthRepaintsWhetherOrNotItChangesAnything)
+{
+    KvContour line = Shape(KvContour::ePolyline, {{40, 75}, {160, 75}});
+    line.LineWidth() = 7;
+    Give({line});
+    for (const unsigned short width : {7, 8})
+        for (const long selected : {0L, -1L})
+        {
+            Give({line});
+            editor->SelectContour(selected);
+            editor->SetColor(RGB(255, 0, 0));
+            EXPECT_EQ(PixelAt(75, 75), 0xFF0000u);
+            Contour(0).Color() = RGB(0, 0, 255);
+            EXPECT_EQ(PixelAt(75, 75), 0xFF0000u);
+            editor->SetPolylineWidth(width);
+            EXPECT_EQ(PixelAt(75, 75), 0x0000FFu) << width << " " << selected;
+        }
+}
+
+TEST_F(EditorDrawing, LastStepOfAFigureBeingDrawnStaysUntilTheNextRepaint)
+{
+    editor->SetTool(Wnd::ToolRect);
+    Press(20, 20);
+    Move(60, 60);
+    Move(100, 100);
+    EXPECT_EQ(PixelAt(100, 50), included);
+    EXPECT_EQ(PixelAt(60, 40), included);
+    Move(140, 140);
+    EXPECT_EQ(PixelAt(100, 50), included);
+    EXPECT_NE(PixelAt(60, 40), included); // only the last one
+    Repaint();
+    EXPECT_EQ(PixelAt(140, 50), included);
+    EXPECT_NE(PixelAt(100, 50), included);
+    Release(140, 140);
+}
+
+TEST_F(EditorDrawing, LastRubberBandStaysUntilTheNextRepaint)
+{
+    editor->SetTool(Wnd::ToolPolyline);
+    Click(20, 20);
+    Move(20, 100);
+    Move(100, 20);
+    EXPECT_EQ(PixelAt(60, 20), included);
+    EXPECT_EQ(PixelAt(20, 60), included);
+    Repaint();
+    EXPECT_EQ(PixelAt(60, 20), included);
+    EXPECT_NE(PixelAt(20, 60), included);
+}
+
+TEST_F(EditorDrawing, DraggedContourShowsItsPresentPlaceOnly)
+{
+    Give({Rect(20, 20, 60, 60)});
+    Press(40, 20);
+    Move(80, 60);
+    Move(120, 70);
+    const auto shown = Shown().pixels;
+    Repaint();
+    EXPECT_EQ(Shown().pixels, shown);
+    Release(120, 70);
+}
+
 TEST_F(EditorDrawing, DrawingToolsShowNoHandles)
 {
     Give({Rect(40, 40, 140, 100)});

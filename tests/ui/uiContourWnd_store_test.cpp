@@ -1,4 +1,5 @@
 // The editor's store: identities, the two orders, selection, and the lists of hosts.
+#include "tests/basics/failing_memory.h"
 #include "tests/ui/contour_editor.h"
 
 #include <limits>
@@ -108,6 +109,31 @@ TEST_F(EditorStore, EmptyListClearsTheStore)
     Give({Rect(10, 10, 50, 50)});
     EXPECT_EQ(editor->SetContourList(KvTList<KvContour>(), KvMatrix4()), 1);
     EXPECT_EQ(Ids(), "|");
+}
+
+TEST_F(EditorStore, ListThatCannotBeCopiedWholeLeavesNothingToDraw)
+{
+    const Contours list({Rect(10, 10, 50, 50), Rect(60, 60, 90, 90)});
+    Editor fresh; // no window that would want memory for its painting
+    int failures = 0;
+    int result = 0;
+    for (int allocations = 0; result == 0 && allocations < 1000; ++allocations)
+    {
+        fresh.SetContourList(list.List());
+        {
+            const kv::testing::OutOfMemory memory(allocations);
+            result = fresh.SetContourList(list.List());
+        }
+        if (result == 0)
+        {
+            ++failures;
+            EXPECT_EQ(fresh.m_ContourSeq.NumEntries(), 0u);
+            EXPECT_LE(fresh.m_Contours.NumEntries(), 1u);
+        }
+    }
+    EXPECT_GT(failures, 0);
+    EXPECT_EQ(result, 1);
+    EXPECT_EQ(fresh.m_Contours.NumEntries(), 2u);
 }
 
 TEST_F(EditorStore, InsertedContourWithAKnownIDIsRefused)

@@ -2,6 +2,7 @@
 #include "tests/ui/contour_editor.h"
 
 #include <cmath>
+#include <optional>
 
 using namespace KvN;
 using namespace kv::test;
@@ -357,6 +358,22 @@ TEST_F(EditorTools, HandleOfTheSelectedContourWinsOverAnotherBeneathIt)
     EXPECT_EQ(log.Take(), "");
 }
 
+TEST_F(EditorTools, InvalidFigureOfADragIsDropped)
+{
+    // Clockwise, as a host may hand it over: no valid polygon.
+    const KvContour invalid = Shape(KvContour::ePolygon, {{40, 40}, {140, 100}, {40, 100}});
+    Give({invalid});
+    Press(40, 70);
+    EXPECT_EQ(editor->m_EditMode, 1);
+    Move(60, 80);
+    log.Take();
+    Release(60, 80);
+    EXPECT_EQ(log.Take(), "");
+    EXPECT_EQ(PointsOf(Contour(0)), PointsOf(invalid));
+    EXPECT_FALSE(editor->CanUndo());
+    EXPECT_EQ(::GetCapture(), nullptr);
+}
+
 TEST_F(EditorTools, SelectedContourThatGoesDuringADragEndsTheDrag)
 {
     Give({Rect(40, 40, 140, 100), Rect(10, 10, 30, 30)});
@@ -475,6 +492,63 @@ TEST_F(EditorPoints, PressAndReleaseOnAPointWritesItBack)
     Click(42, 98);
     EXPECT_EQ(log.Take(), "changed 0, selected 0, operation 4, operation 0");
     EXPECT_TRUE(Near(PointsOf(Contour(0)), {{40, 40}, {42, 98}, {140, 100}}));
+}
+
+TEST_F(EditorPoints, MoveWithTheButtonUpDropsTheHeldPoint)
+{
+    Press(40, 100);
+    Move(50, 110);
+    EXPECT_TRUE(editor->IsEditing());
+    const CPoint at = Client(60, 110);
+    view->SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(at.x, at.y)); // its release went elsewhere
+    EXPECT_FALSE(editor->IsEditing());
+    EXPECT_EQ(::GetCapture(), nullptr);
+    EXPECT_EQ(editor->GetTool(), Wnd::ToolEditPoints);
+    log.Take();
+    Release(60, 110);
+    EXPECT_EQ(log.Take(), "");
+    EXPECT_TRUE(Near(PointsOf(Contour(0)), triangle));
+}
+
+TEST_F(EditorPoints, SecondPressDropsTheHeldPoint)
+{
+    for (const bool deleting : {false, true})
+    {
+        Press(40, 100);
+        Move(50, 110);
+        const CPoint at = Client(50, 110);
+        {
+            std::optional<Held> ctrl;
+            if (deleting)
+                ctrl.emplace(VK_CONTROL);
+            view->SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(at.x, at.y));
+        }
+        EXPECT_FALSE(editor->IsEditing()) << deleting;
+        EXPECT_EQ(::GetCapture(), nullptr) << deleting;
+        Release(50, 110);
+        EXPECT_TRUE(Near(PointsOf(Contour(0)), triangle)) << deleting;
+        EXPECT_FALSE(editor->CanUndo()) << deleting;
+    }
+}
+
+TEST_F(EditorPoints, PointOfAnotherContourBeatsAnEdgeOfTheSelectedOne)
+{
+    Give({Shape(KvContour::ePolygon, triangle), Shape(KvContour::ePolyline, {{90, 106}, {180, 140}})});
+    editor->SelectContour(0);
+    Click(90, 100);
+    EXPECT_EQ(editor->m_SelectedID, 1);
+    EXPECT_EQ(Contour(0).CurvePositions().count, 3);
+}
+
+TEST_F(EditorPoints, EdgeOfAnotherContourIsOnlySelected)
+{
+    Drag({{100, 130}, {100, 140}});
+    EXPECT_EQ(log.Take(), "selected 1, operation 4");
+    EXPECT_EQ(Contour(1).CurvePositions().count, 2);
+    EXPECT_FALSE(editor->CanUndo());
+    EXPECT_EQ(::GetCapture(), view->GetSafeHwnd()); // of a press that started nothing, until the next press
+    Click(100, 20);
+    EXPECT_EQ(::GetCapture(), nullptr);
 }
 
 TEST_F(EditorPoints, DeleteKeyDoesNothing)

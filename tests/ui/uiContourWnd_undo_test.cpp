@@ -1,4 +1,5 @@
 // Undo and redo of the editor, and its snapshots.
+#include "tests/basics/failing_memory.h"
 #include "tests/ui/contour_editor.h"
 
 using namespace KvN;
@@ -93,6 +94,44 @@ TEST_F(EditorUndo, StateIsEmptyUntilItIsRead)
     state.Write();
     EXPECT_EQ(Ids(), "0 | 0");
     EXPECT_EQ(state.GetContourWnd(), editor.get());
+}
+
+TEST_F(EditorUndo, SnapshotIsAllOrNothing)
+{
+    Editor fresh; // no window that would want memory for its painting
+    bool whole = false;
+    int nothing = 0;
+    for (int allocations = 0; !whole && allocations < 1000; ++allocations)
+    {
+        fresh.SetContourList(Contours({Rect(10, 10, 50, 50), Rect(60, 60, 90, 90)}).List());
+        // A state reuses what the last one has copied: these contours are new to it.
+        fresh.GetContour(0)->Angle() = fresh.GetContour(1)->Angle() = allocations;
+        KvContourWndState state(&fresh);
+        {
+            const kv::testing::OutOfMemory memory(allocations);
+            state.Read();
+        }
+        state.Write();
+        whole = fresh.m_Contours.NumEntries() == 2;
+        nothing += fresh.m_Contours.NumEntries() == 0;
+        EXPECT_NE(fresh.m_Contours.NumEntries(), 1u);
+    }
+    EXPECT_TRUE(whole);
+    EXPECT_GT(nothing, 0);
+}
+
+TEST_F(EditorUndo, ContourKeepsItsIdentityAsANewObject)
+{
+    Give({WithID(Rect(40, 40, 140, 100), 7)});
+    const KvContour* before = editor->GetContour(7);
+    Drag({{70, 40}, {90, 60}});
+    editor->SetTool(KvContourWnd::ToolFullFrame);
+    EXPECT_EQ(editor->GetContour(7), before);
+    editor->Undo();
+    editor->Undo();
+    EXPECT_EQ(Ids(), "7 | 7");
+    EXPECT_EQ(Contour(7).SequenceID(), 0);
+    EXPECT_EQ(PointsOf(Contour(7)), PointsOf(Rect(40, 40, 140, 100)));
 }
 
 TEST_F(EditorUndo, CopiesOfAStateAreDeep)

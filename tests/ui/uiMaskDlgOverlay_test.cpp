@@ -23,9 +23,11 @@ public:
     using KvMaskDlgOverlay::displayList;
     using KvMaskDlgOverlay::entryList;
     using KvMaskDlgOverlay::initialWindowRect;
+    using KvMaskDlgOverlay::layoutReady;
     using KvMaskDlgOverlay::lineWidth;
     using KvMaskDlgOverlay::maskWnd;
     using KvMaskDlgOverlay::minimumScaleBottom;
+    using KvMaskDlgOverlay::OnSize;
     using KvMaskDlgOverlay::overlayStrength;
     using KvMaskDlgOverlay::savedMask;
     using KvMaskDlgOverlay::scaleTop;
@@ -546,4 +548,33 @@ TEST_F(OverlayDlg, LowestShownControlOfTheRightColumnBoundsTheScale)
     Run(
         "", [](OpenOverlayDlg& d) { d.SetShowSystemMaskOff(); },
         [&](OpenOverlayDlg& d) { EXPECT_EQ(d.minimumScaleBottom, 10); });
+}
+
+TEST_F(OverlayDlg, MaximisingLaysOutEvenBeforeTheLayoutIsReady)
+{
+    Run("",
+        [&](OpenOverlayDlg& d)
+        {
+            const CRect ok = PlaceOf(d, 1);
+            const CSize client = ClientOf(d);
+            d.layoutReady = 0;
+            Resize(d, CSize(client.cx + 40, client.cy));
+            EXPECT_EQ(PlaceOf(d, 1), ok);
+            d.OnSize(SIZE_MINIMIZED, 0, 0);
+            EXPECT_EQ(PlaceOf(d, 1), ok);
+            d.OnSize(SIZE_MAXIMIZED, 0, 0);
+            EXPECT_EQ(PlaceOf(d, 1), ok + CPoint(40, 0));
+        });
+}
+
+TEST_F(OverlayDlg, SelectionThatIsNotListedShowsTheFirstPicture)
+{
+    OpenOverlayDlg& d = dialog();
+    d.AddAOI(other.get());
+    d.Init("none.ini", image.get(), mask.get());
+    d.Select(mask.get());
+    KvAOI* source = nullptr;
+    EXPECT_EQ(d.CheckSelectedDisplay(&source), d.displayList[0]);
+    EXPECT_EQ(source, other.get());
+    EXPECT_EQ(d.entryList[0]->selected, 1);
 }

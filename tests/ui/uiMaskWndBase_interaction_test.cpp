@@ -115,6 +115,24 @@ TEST_F(MaskMouse, BandErasesItself)
     EXPECT_EQ(stand.Screen(), before);
 }
 
+TEST_F(MaskMouse, RepaintDuringABandLeavesAStrayBandBehind)
+{
+    const auto empty = stand.Screen();
+    stand.Press(10, 12);
+    stand.Move(30, 28);
+    Repaint();
+    EXPECT_EQ(stand.Screen(), empty);          // the band gets no care
+    stand.Move(45, 40);                        // erases what is not there any more
+    EXPECT_EQ(stand.Shown(20, 12), 0x646464u); // both bands touch here
+    EXPECT_EQ(stand.Shown(30, 20), 0x9B9B9Bu); // the stray one
+    EXPECT_EQ(stand.Shown(45, 20), 0x9B9B9Bu);
+    stand.Release(45, 40);
+    EXPECT_EQ(FigureOf(stand), KvTRectangle<short>(10, 12, 45, 40));
+    EXPECT_EQ(stand.Shown(30, 22), 0x9B9B9Bu);
+    Repaint();
+    EXPECT_EQ(stand.Shown(30, 22), 0x646464u);
+}
+
 TEST_F(MaskMouse, RepaintedFigureIsDrawnAgain)
 {
     stand.Drag(10, 12, 30, 28);
@@ -520,6 +538,67 @@ TEST_F(MaskMouse, SquareIsCutAtTheLongerSideTowardsTheCornerOfItsMode)
 }
 
 // ---- Failures
+
+namespace
+{
+
+// Releases a band on a context that has gone, and tells what is thrown.
+template <class Stand>
+std::string ReleasedWithoutAContext(int tool)
+{
+    struct Release
+    {
+        Stand& stand;
+        std::string told = "no paint";
+        static void OnPainted(void* object, KvAOIBaseViewWnd& view)
+        {
+            auto& self = *static_cast<Release*>(object);
+            CDC& dc = *view.GetOutputDevice();
+            const HDC handle = dc.Detach();
+            self.told = "nothing";
+            try
+            {
+                self.stand.window.MouseButtonUpHdl(&view);
+            }
+            catch (KvGDIException* failure)
+            {
+                self.told =
+                    failure->Function().Utf8() + " " + failure->File().Utf8() + " " + std::to_string(failure->Line());
+                failure->Delete();
+            }
+            dc.Attach(handle);
+        }
+    };
+    const auto mask = Grey(60, 50, 0);
+    Stand stand(*mask);
+    stand.window.SetTool(static_cast<unsigned short>(tool));
+    stand.Press(10, 12);
+    Release release{stand};
+    stand.View().postPaintSignal.Connect(&release, &Release::OnPainted);
+    stand.View().Invalidate(FALSE);
+    stand.View().UpdateWindow();
+    stand.View().postPaintSignal.Clear();
+    EXPECT_FALSE(stand.window.IsDrawing());
+    EXPECT_EQ(::GetCapture(), nullptr);
+    stand.Release(10, 12);
+    return release.told;
+}
+
+} // namespace
+
+TEST(MaskMouseFailures, BandOfTheAddingRectanglesAloneIsChecked)
+{
+    for (const int tool : {1, 5})
+    {
+        EXPECT_EQ(ReleasedWithoutAContext<PlainStand>(tool), "CDC::Rectangle C/uiMaskWnd 973");
+        EXPECT_EQ(ReleasedWithoutAContext<OverlayStand>(tool), "CDC::Rectangle C/uiMaskWndOverlay 804");
+    }
+    for (const int tool : {2, 3, 6, 7, 11, 12, 13, 15, 16, 17})
+    {
+        EXPECT_EQ(ReleasedWithoutAContext<PlainStand>(tool), "nothing") << tool;
+        EXPECT_EQ(ReleasedWithoutAContext<OverlayStand>(tool), "nothing") << tool;
+    }
+}
 
 TEST_F(MaskMouse, NewSizeWithoutAHandleChangesNothing)
 {

@@ -185,3 +185,34 @@ TEST(MaskWndOverlay, RepaintDuringAnOpenPolygonRedrawsItsEdges)
     stand.View().UpdateWindow();
     EXPECT_EQ(stand.Shown(20, 10), 0xFFFF00u);
 }
+
+TEST(MaskWndOverlay, RasterThatCannotBeReadIsReportedAndLeavesTheAOI)
+{
+    auto mask = Grey(8, 4, 0x41);
+    OverlayStand stand(*mask);
+    stand.window.HideSystemMask();
+    const auto before = Bytes(*mask);
+    const HDC handle = stand.window.userMaskDC.Detach();
+    for (const bool repaint : {false, true})
+    {
+        try
+        {
+            if (repaint)
+                stand.window.Repaint();
+            else
+                stand.window.MaskToAOI();
+            ADD_FAILURE() << "nothing was thrown";
+        }
+        catch (KvGDIException* failure)
+        {
+            EXPECT_EQ(failure->Function().Utf8(), "GetDIBits");
+            EXPECT_EQ(failure->File().Utf8(), "C/uiMaskWndOverlay");
+            EXPECT_EQ(failure->Line(), 200u);
+            failure->Delete();
+        }
+        EXPECT_EQ(Bytes(*mask), before);
+    }
+    stand.window.userMaskDC.Attach(handle);
+    stand.window.MaskToAOI();
+    EXPECT_EQ(Bytes(*mask), std::vector<unsigned char>(32, 0x41));
+}

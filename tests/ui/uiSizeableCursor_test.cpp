@@ -175,6 +175,34 @@ TEST_F(SizeableCursor, ChainedHandlersReceiveTheCursorAndTheMoveIsNotChained)
     cursor->Disconnect();
 }
 
+TEST_F(SizeableCursor, AReleaseRepaintsItsLogicBoxTakenAsClientCoordinates)
+{
+    view.SetDefaultOff();
+    view.SetZoomFactor(2.0);
+    Connect(CursorRectangle, Size(11, 7), SizeableNone);
+    kv::win::Settle();
+    Move(100, 80);
+    const auto release = [&]
+    {
+        CDC* dc = view.GetOutputDevice();
+        dc->SetPixelV(52, 41, RGB(1, 2, 3)); // within the figure
+        dc->SetPixelV(25, 20, RGB(1, 2, 3)); // where its logic box would be in client pixels
+        kv::win::PressButton(view.m_hWnd, Button::Left, CPoint(100, 80));
+        kv::win::ReleaseButton(view.m_hWnd, Button::Left, CPoint(100, 80));
+    };
+    release();
+    EXPECT_EQ(aoiWindow.Shown(52, 41), 0x010203u);
+    EXPECT_EQ(aoiWindow.Shown(25, 20), 0x000000u);
+    EXPECT_EQ(aoiWindow.Shown(50, 37), 0x00FF00u);
+    EXPECT_EQ(cursor->visible, 1);
+    // Without a menu that could have hidden it, and without a handler to call, nothing happens.
+    view.DisableRightButtonMenu();
+    release();
+    EXPECT_EQ(aoiWindow.Shown(25, 20), 0x010203u);
+    EXPECT_EQ(aoiWindow.Shown(50, 37), 0x00FF00u);
+    cursor->Disconnect();
+}
+
 TEST_F(SizeableCursor, APaintWipesTheFigureUntilTheNextMove)
 {
     Connect(CursorRectangle, Size(11, 7), SizeableNone);
@@ -192,7 +220,10 @@ TEST_F(SizeableCursor, LeavingTheWindowRemovesTheFigure)
 {
     Connect(CursorRectangle, Size(11, 7), SizeableNone);
     Move(50, 40);
+    int paints = 0;
+    view.prePaintSignal.Connect(&paints, [](void* count, KvAOIBaseViewWnd&) { ++*static_cast<int*>(count); });
     kv::win::LeaveMouse();
+    EXPECT_EQ(paints, 1);
     EXPECT_EQ(aoiWindow.Shown(45, 37), 0x000000u);
     EXPECT_EQ(cursor->visible, 0);
     cursor->Disconnect();
@@ -201,6 +232,7 @@ TEST_F(SizeableCursor, LeavingTheWindowRemovesTheFigure)
 TEST_F(SizeableCursor, WithoutAModeTheRightButtonOnlyMoves)
 {
     EXPECT_EQ(Sized(Size(20, 20), SizeableNone, 5, 5), Size(20, 20));
+    EXPECT_EQ(cursor->GetHotSpot(), Point(105, 105));
 }
 
 TEST_F(SizeableCursor, EachModeChangesItsSides)
