@@ -48,4 +48,23 @@ void CommandTable::Execute(Player& player, const std::vector<std::string>& words
     command.run(player, Arguments({words.begin() + static_cast<long>(used), words.end()}));
 }
 
+std::vector<std::string> CommandTable::Names() const
+{
+    std::vector<std::string> names;
+    for (const auto& [name, command] : commands)
+        names.push_back(name);
+    return names;
+}
+
+void AddAllCommands(CommandTable& table)
+{
+    AddImageCommands(table);
+    AddViewCommands(table);
+    AddInputCommands(table);
+    AddMenuCommands(table);
+    AddOutputCommands(table);
+    AddEditorCommands(table);
+    AddMaskCommands(table);
+}
+
 } // namespace kv::session

@@ -30,6 +30,8 @@ public:
     void Add(const std::string& name, size_t least, size_t most, Command::Run run);
     // Runs the command that the words name. Throws CommandError for an unknown one, or the wrong number of words.
     void Execute(Player& player, const std::vector<std::string>& words) const;
+    // Of all commands, in alphabetical order.
+    std::vector<std::string> Names() const;
 
 private:
     std::string FullName(const std::vector<std::string>& words) const;
@@ -44,5 +46,6 @@ void AddMenuCommands(CommandTable& table);
 void AddOutputCommands(CommandTable& table);
 void AddEditorCommands(CommandTable& table);
 void AddMaskCommands(CommandTable& table);
+void AddAllCommands(CommandTable& table);
 
 } // namespace kv::session

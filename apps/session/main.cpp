@@ -43,12 +43,6 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication qt(argc, argv);
     kv::session::CommandTable commands;
-    kv::session::AddImageCommands(commands);
-    kv::session::AddViewCommands(commands);
-    kv::session::AddInputCommands(commands);
-    kv::session::AddMenuCommands(commands);
-    kv::session::AddOutputCommands(commands);
-    kv::session::AddEditorCommands(commands);
-    kv::session::AddMaskCommands(commands);
+    kv::session::AddAllCommands(commands);
     return kv::session::Player(commands, options, std::cout, std::cerr).Play(file);
 }

@@ -1,6 +1,10 @@
-// Autosave files: KEY.xml holds the contours, KEY.image the path of their image, KEY.lock belongs to the running
-// program.
+// Autosave files: KEY.xml holds the contours, KEY.mask.png the mask, KEY.image the path of their image, KEY.lock
+// belongs to the running program.
 #include "apps/workbench/Autosave.h"
+
+#include "apps/workbench/Progress.h"
+#include "apps/workbench/Texts.h"
+#include "contracts/image.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -14,6 +18,8 @@ namespace kv::workbench
 namespace
 {
 constexpr int delay = 1000; // ms from a change to its file; well within the two seconds that a crash may cost
+constexpr const char* contoursEnding = ".xml";
+constexpr const char* maskEnding = ".mask.png";
 
 QDir Folder()
 {
@@ -51,70 +57,116 @@ QString ImageOf(const QString& key)
 }
 } // namespace
 
-Autosave::Autosave(Writer writer, QObject* parent) : QObject(parent), write(std::move(writer))
+Autosave::Autosave(Writer contours_, QObject* parent) : QObject(parent), contours(std::move(contours_))
 {
-    timer.setSingleShot(true);
-    timer.setInterval(delay);
-    connect(&timer, &QTimer::timeout, this, &Autosave::Write);
+    for (QTimer* timer : {&contoursTimer, &maskTimer})
+    {
+        timer->setSingleShot(true);
+        timer->setInterval(delay);
+    }
+    connect(&contoursTimer, &QTimer::timeout, this, &Autosave::WriteContours);
+    connect(&maskTimer, &QTimer::timeout, this, &Autosave::WriteMask);
+    writing.setMaxThreadCount(1); // one mask after the other, so that the last one stays
 }
 
 Autosave::~Autosave() = default;
 
 void Autosave::Begin(const QString& image)
 {
-    timer.stop();
+    contoursTimer.stop();
+    maskTimer.stop();
+    mask.reset();
+    writing.waitForDone(); // while the files are still this program's
     lock.reset();
-    file.clear();
+    key.clear();
     if (image.isEmpty() || !Folder().mkpath("."))
         return;
-    const QString key = Key(image);
-    auto mine = std::make_unique<QLockFile>(PathOf(key, ".lock"));
+    const QString begun = Key(image);
+    auto mine = std::make_unique<QLockFile>(PathOf(begun, ".lock"));
     mine->setStaleLockTime(0);
     if (!mine->tryLock(0))
         return;
-    QSaveFile name(PathOf(key, ".image"));
+    QSaveFile name(PathOf(begun, ".image"));
     if (!name.open(QIODevice::WriteOnly))
         return;
     name.write(QFileInfo(image).absoluteFilePath().toUtf8());
     if (!name.commit())
         return;
     lock = std::move(mine);
-    file = PathOf(key, ".xml");
+    key = begun;
 }
 
 // The timer is not started anew by later changes, so that a steady stream of them is kept as well.
-void Autosave::Touch()
+void Autosave::TouchContours()
 {
-    if (!file.isEmpty() && !timer.isActive())
-        timer.start();
+    if (!key.isEmpty() && !contoursTimer.isActive())
+        contoursTimer.start();
 }
 
-void Autosave::Discard()
+// At once: masks change seldom, and writing a large one takes a second itself.
+void Autosave::TouchMask(std::shared_ptr<const KvN::KvAOI8> changed)
 {
-    timer.stop();
-    if (!file.isEmpty())
-        QFile::remove(file);
+    mask = std::move(changed);
+    WriteMask();
 }
 
-void Autosave::Write()
+void Autosave::DiscardContours()
 {
-    if (!write(file))
-        timer.start();
+    contoursTimer.stop();
+    if (!key.isEmpty())
+        QFile::remove(PathOf(key, contoursEnding));
 }
 
-QString Autosave::LeftBehind(const QString& image)
+void Autosave::DiscardMask()
+{
+    maskTimer.stop();
+    mask.reset();
+    *maskWanted = false; // what is being written goes when it is done
+    maskWanted = std::make_shared<std::atomic<bool>>(true);
+    if (!key.isEmpty())
+        QFile::remove(PathOf(key, maskEnding));
+}
+
+void Autosave::WriteContours()
+{
+    if (!contours(PathOf(key, contoursEnding)))
+        contoursTimer.start();
+}
+
+void Autosave::WriteMask()
+{
+    if (key.isEmpty() || !mask)
+        return;
+    writing.start(
+        [this, path = PathOf(key, maskEnding), kept = mask, wanted = maskWanted]
+        {
+            const bool done = !*wanted || FailureOf([&] { KvN::KvxSaveAOI(*kept, FromQt(path)); }).isEmpty();
+            if (!*wanted)
+                QFile::remove(path);
+            else if (!done)
+                QMetaObject::invokeMethod(&maskTimer, qOverload<>(&QTimer::start), Qt::QueuedConnection);
+        });
+}
+
+Autosave::LeftOver Autosave::LeftBehind(const QString& image)
 {
     const QString key = Key(image);
-    const QString contours = PathOf(key, ".xml");
-    return QFile::exists(contours) && !IsInUse(key) ? contours : QString();
+    const auto found = [&](const char* ending)
+    {
+        const QString path = PathOf(key, ending);
+        return QFile::exists(path) ? path : QString();
+    };
+    const LeftOver left{found(contoursEnding), found(maskEnding)};
+    return left.IsEmpty() || IsInUse(key) ? LeftOver() : left;
 }
 
 QString Autosave::AnyLeftBehind()
 {
-    for (const QFileInfo& contours : Folder().entryInfoList({"*.xml"}, QDir::Files, QDir::Time))
+    const QStringList kept = {QString("*") + contoursEnding, QString("*") + maskEnding};
+    for (const QFileInfo& file : Folder().entryInfoList(kept, QDir::Files, QDir::Time))
     {
-        const QString image = ImageOf(contours.completeBaseName());
-        if (!image.isEmpty() && QFile::exists(image) && !IsInUse(contours.completeBaseName()))
+        const QString image = ImageOf(file.baseName());
+        if (!image.isEmpty() && QFile::exists(image) && !IsInUse(file.baseName()))
             return image;
     }
     return {};

@@ -49,6 +49,12 @@ bool HasWidth(const KvContour& contour)
     return contour.ContourType() == KvContour::ePolyline;
 }
 
+// The editor of an unset width starts with a value that may be meant.
+bool IsUnsetWidth(const KvContour& contour, int column)
+{
+    return column == ContourTable::Width && contour.LineWidth() == unsetWidth;
+}
+
 QString CellText(const KvContour& contour, int column)
 {
     switch (column)
@@ -150,16 +156,18 @@ Qt::ItemFlags ContourTable::flags(const QModelIndex& index) const
 {
     const Qt::ItemFlags shown = QAbstractTableModel::flags(index);
     const KvContour* contour = pane.At(index.row());
+    if (index.column() == ReadOnly)
+        return shown | Qt::ItemIsUserCheckable;
+    if (!contour || contour->ReadOnly())
+        return shown; // all else of a protected contour stays as it is
     switch (index.column())
     {
     case Effect:
-    case ReadOnly:
         return shown | Qt::ItemIsUserCheckable;
-    case Description:
-    case Color:
+    case Description: // a colour has a dialog and no editor in its cell
         return shown | Qt::ItemIsEditable;
     case Width:
-        return contour && HasWidth(*contour) ? shown | Qt::ItemIsEditable : shown;
+        return HasWidth(*contour) ? shown | Qt::ItemIsEditable : shown;
     default:
         return shown;
     }
@@ -170,7 +178,9 @@ bool ContourTable::setData(const QModelIndex& index, const QVariant& value, int 
     const KvContour* contour = pane.At(index.row());
     if (!contour || (role != Qt::EditRole && role != Qt::CheckStateRole))
         return false;
-    if (role == Qt::EditRole && value == EditValue(*contour, index.column()))
+    if (contour->ReadOnly() && index.column() != ReadOnly)
+        return false;
+    if (role == Qt::EditRole && value == EditValue(*contour, index.column()) && !IsUnsetWidth(*contour, index.column()))
         return false;
     pane.Change(index.row(),
                 [&](KvContour& target)

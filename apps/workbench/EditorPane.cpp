@@ -25,6 +25,7 @@ using KvN::KvContour;
 constexpr double zoomStep = 1.25;
 constexpr double smallestZoom = 0.02;
 constexpr double largestZoom = 64.0;
+constexpr float maskStrength = 0.4f;    // of a mask over the image
 constexpr double longestSide = 32767.0; // of a zoomed image, in screen pixels
 
 // The editor with the store operations that a host of its own kind may use.
@@ -149,6 +150,13 @@ void EditorPane::Show(KvN::KvAOI* image, const ContourList& contours)
     emit ContoursShown();
     emit SelectionChanged();
     emit ZoomChanged();
+}
+
+void EditorPane::ShowMask(KvN::KvAOI8* mask)
+{
+    d->View()->SetOverlayAOI(mask);
+    d->View()->SetOverlayStrength(maskStrength);
+    d->View()->InvalidateRect(nullptr, FALSE);
 }
 
 void EditorPane::Replace(const ContourList& contours)

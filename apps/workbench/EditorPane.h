@@ -14,7 +14,8 @@
 namespace KvN
 {
 class KvAOI;
-}
+class KvAOI8;
+} // namespace KvN
 
 namespace kv::workbench
 {
@@ -32,6 +33,8 @@ public:
     // Shows the image, which stays the caller's and must outlive its showing, with these contours. Forgets all undo
     // steps.
     void Show(KvN::KvAOI* image, const ContourList& contours);
+    // Lays a mask of the image's size over the image, which stays the caller's; null for none.
+    void ShowMask(KvN::KvAOI8* mask);
     // Puts contours in place of all that are there, as one undo step.
     void Replace(const ContourList& contours);
 

@@ -7,72 +7,20 @@
 #include "contracts/basics.h"
 #include "contracts/image.h"
 
-#include <QEventLoop>
-#include <QProgressDialog>
-#include <QThreadPool>
-#include <QTimer>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QUuid>
 
-#include <atomic>
-#include <functional>
-#include <memory>
+#include <filesystem>
+#include <stdexcept>
 
 namespace kv::workbench
 {
 namespace
 {
+using KvN::KvBufferAOI8;
 using KvN::KvContour;
-
-constexpr int patience = 500; // ms until the operator is shown that something takes its time
-
-struct Job
-{
-    std::atomic<bool> cancelled = false;
-    std::atomic<bool> done = false;
-    QString failure;
-};
-
-// The work answers why it failed, and leaves off before it writes anything once the job is cancelled.
-using Work = std::function<void(Job& job)>;
-
-QString Run(QWidget* parent, const Work& work)
-{
-    const auto job = std::make_shared<Job>();
-    QThreadPool::globalInstance()->start(
-        [job, work]
-        {
-            try
-            {
-                work(*job);
-            }
-            catch (KvN::KvException* failure)
-            {
-                job->failure = ToQt(failure->GetMessageW());
-                failure->Delete();
-            }
-            catch (const std::exception& failure)
-            {
-                job->failure = QString::fromUtf8(failure.what());
-            }
-            job->done = true;
-        });
-
-    QProgressDialog progress(Text(IDS_WB_PROGRESS_EXPORT), Text(IDS_WB_CANCEL), 0, 0, parent);
-    progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(patience);
-    QEventLoop loop;
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, &loop,
-                     [&]
-                     {
-                         progress.setValue(0); // shows itself once its patience is over
-                         job->cancelled = progress.wasCanceled();
-                         if (job->done || job->cancelled)
-                             loop.quit();
-                     });
-    poll.start(20);
-    loop.exec();
-    return job->done ? job->failure : QString();
-}
 
 KvTList<KvContour> ToList(const std::vector<KvContour>& contours)
 {
@@ -81,33 +29,90 @@ KvTList<KvContour> ToList(const std::vector<KvContour>& contours)
         list.AddTail(contour);
     return list;
 }
+
+// Writes beside the file and renames at the end, so that work that is broken off while it writes leaves nothing.
+Outcome WriteWhole(QWidget* parent, unsigned short text, const QString& path,
+                   const std::function<void(const QString& file, const std::atomic<bool>& cancelled)>& write)
+{
+    const QFileInfo target(path);
+    const QString part =
+        target.dir().filePath(QString(".%1.%2").arg(QUuid::createUuid().toString(QUuid::Id128), target.fileName()));
+    Outcome outcome = RunWithProgress(parent, text,
+                                      [=](const std::atomic<bool>& cancelled)
+                                      {
+                                          write(part, cancelled);
+                                          std::error_code error;
+                                          if (!cancelled)
+                                              std::filesystem::rename(part.toStdString(), path.toStdString(), error);
+                                          QFile::remove(part); // whatever is left of it
+                                          if (error)
+                                              throw std::runtime_error(Text(IDS_WB_ERROR_NOT_WRITTEN).toStdString());
+                                      });
+    outcome.failure.replace(part, path);
+    return outcome;
+}
 } // namespace
 
-QString WriteMask(QWidget* parent, const QString& path, const KvN::KvAOI& image, const std::vector<KvContour>& contours)
+QString MaskFileName(const QString& chosen)
 {
-    return Run(parent,
-               [path, size = image.AOISize(), contours](Job& job)
-               {
-                   KvN::KvBufferAOI8 mask(size);
-                   KvN::KvContourToMask().Execute(ToList(contours), &mask);
-                   if (!job.cancelled)
-                       mask.Save(FromQt(path));
-               });
+    const QString ending = QFileInfo(chosen).suffix().toLower();
+    if (ending == "png" || ending == "tif" || ending == "tiff")
+        return chosen;
+    return ending.isEmpty() ? chosen + ".png" : QString();
 }
 
-QString WritePicture(QWidget* parent, const QString& path, const KvN::KvAOI& image,
+Outcome WriteContourMask(QWidget* parent, const QString& path, const KvN::KvAOI& image,
+                         const std::vector<KvContour>& contours)
+{
+    return WriteWhole(parent, IDS_WB_PROGRESS_EXPORT, path,
+                      [size = image.AOISize(), contours](const QString& file, const std::atomic<bool>& cancelled)
+                      {
+                          KvBufferAOI8 mask(size);
+                          KvN::KvContourToMask().Execute(ToList(contours), &mask);
+                          if (!cancelled)
+                              mask.Save(FromQt(file));
+                      });
+}
+
+Outcome WritePicture(QWidget* parent, const QString& path, const KvN::KvAOI& image,
                      const std::vector<KvContour>& contours)
 {
-    KvN::KvContourPicture drawn(image);
-    for (const KvContour& contour : contours)
-        drawn.Add(contour);
-    const auto picture = std::make_shared<KvN::KvBufferAOI32Color>(drawn.Pixels());
-    return Run(parent,
-               [path, picture](Job& job)
-               {
-                   if (!job.cancelled)
-                       picture->Save(FromQt(path));
-               });
+    const auto picture = std::make_shared<KvN::KvContourPicture>(image);
+    return WriteWhole(parent, IDS_WB_PROGRESS_EXPORT, path,
+                      [picture, contours](const QString& file, const std::atomic<bool>& cancelled)
+                      {
+                          for (const KvContour& contour : contours)
+                          {
+                              if (cancelled)
+                                  return;
+                              picture->Add(contour);
+                          }
+                          KvN::KvBufferAOI32Color pixels(picture->Pixels());
+                          if (!cancelled)
+                              pixels.Save(FromQt(file));
+                      });
+}
+
+Outcome WriteMask(QWidget* parent, const QString& path, const KvN::KvAOI8& mask)
+{
+    const auto copy = std::make_shared<KvBufferAOI8>(mask.AOISize());
+    KvN::KvLTransfer().Copy(&mask, copy.get());
+    return WriteWhole(parent, IDS_WB_PROGRESS_SAVE_MASK, path,
+                      [copy](const QString& file, const std::atomic<bool>&) { copy->Save(FromQt(file)); });
+}
+
+std::unique_ptr<KvN::KvAOI8> DrawContourMask(QWidget* parent, const KvN::KvAOI& image,
+                                             const std::vector<KvContour>& contours, Outcome& outcome)
+{
+    const auto mask = std::make_shared<std::unique_ptr<KvBufferAOI8>>();
+    outcome = RunWithProgress(parent, IDS_WB_PROGRESS_MASK,
+                              [mask, size = image.AOISize(), contours](const std::atomic<bool>&)
+                              {
+                                  auto drawn = std::make_unique<KvBufferAOI8>(size);
+                                  KvN::KvContourToMask().Execute(ToList(contours), drawn.get());
+                                  *mask = std::move(drawn);
+                              });
+    return outcome.IsDone() ? std::move(*mask) : nullptr;
 }
 
 } // namespace kv::workbench

@@ -1,26 +1,36 @@
-// Exports of an image's contours: the mask, and the picture with the contours in it.
+// Files that are made from an image's contours and from its mask.
 #pragma once
 
 #include "C/syContour.h"
+#include "apps/workbench/Progress.h"
 
-#include <QString>
-
+#include <memory>
 #include <vector>
 
-class QWidget;
 namespace KvN
 {
 class KvAOI;
-}
+class KvAOI8;
+} // namespace KvN
 
 namespace kv::workbench
 {
 
-// Both write the file whole or not at all, show progress with a way out when it takes longer than half a second, and
-// answer why it failed: empty on success, and also if the operator broke it off.
-QString WriteMask(QWidget* parent, const QString& path, const KvN::KvAOI& image,
-                  const std::vector<KvN::KvContour>& contours);
-QString WritePicture(QWidget* parent, const QString& path, const KvN::KvAOI& image,
+// A mask file's name: with the ending .png if it has none. Empty for the name of a format that doesn't keep every bit
+// of a mask.
+QString MaskFileName(const QString& chosen);
+
+// All write the file whole or not at all, with progress.
+Outcome WriteContourMask(QWidget* parent, const QString& path, const KvN::KvAOI& image,
+                         const std::vector<KvN::KvContour>& contours);
+Outcome WritePicture(QWidget* parent, const QString& path, const KvN::KvAOI& image,
                      const std::vector<KvN::KvContour>& contours);
+// All eight bits of the mask.
+Outcome WriteMask(QWidget* parent, const QString& path, const KvN::KvAOI8& mask);
+
+// The contours' mask of the image's size, 255 in what they include; null if the operator broke it off or it failed, the
+// reason being in `outcome`.
+std::unique_ptr<KvN::KvAOI8> DrawContourMask(QWidget* parent, const KvN::KvAOI& image,
+                                             const std::vector<KvN::KvContour>& contours, Outcome& outcome);
 
 } // namespace kv::workbench

@@ -104,6 +104,11 @@ QPainterPath PathOf(Picture picture)
                                    Lines({{21, 16}, {21, 20}, {17, 20}}), Lines({{7, 20}, {3, 20}, {3, 16}})})
             path.addPath(corner);
         return path;
+    case Picture::Mask: // a frame with a hatched region
+        path.addRect(3, 4, 18, 16);
+        for (const auto& stroke : {Lines({{7, 12}, {12, 7}}), Lines({{7, 17}, {17, 7}}), Lines({{12, 17}, {17, 12}})})
+            path.addPath(stroke);
+        return path;
     }
     return path;
 }

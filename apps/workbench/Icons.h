@@ -23,7 +23,8 @@ enum class Picture
     FullFrame,
     ZoomIn,
     ZoomOut,
-    Fit
+    Fit,
+    Mask
 };
 
 // Figures are drawn in the editor's colour of an included contour, or in that of an excluded one.

@@ -21,17 +21,24 @@ bool IsImageFile(const QString& path)
     return QDir::match(ImagePatterns(), QFileInfo(path).fileName());
 }
 
-QString NeighbourImage(const QString& path, int step)
+QStringList ImagesOfFolder(const QString& path)
 {
-    const QFileInfo info(path);
-    const QDir folder = info.absoluteDir();
+    const QDir folder = QFileInfo(path).absoluteDir();
     QStringList names = folder.entryList(ImagePatterns(), QDir::Files);
     QCollator byNumber{QLocale(QLocale::German)}; // the C locale knows no numbers in names
     byNumber.setNumericMode(true);
     std::sort(names.begin(), names.end(), byNumber);
-    const qsizetype wanted = names.indexOf(info.fileName()) + step;
-    return names.contains(info.fileName()) && wanted >= 0 && wanted < names.size() ? folder.filePath(names[wanted])
-                                                                                   : QString();
+    for (QString& name : names)
+        name = folder.filePath(name);
+    return names;
+}
+
+QString NeighbourImage(const QString& path, int step)
+{
+    const QStringList images = ImagesOfFolder(path);
+    const qsizetype here = images.indexOf(QFileInfo(path).absoluteFilePath());
+    const qsizetype wanted = here + step;
+    return here >= 0 && wanted >= 0 && wanted < images.size() ? images[wanted] : QString();
 }
 
 } // namespace kv::workbench

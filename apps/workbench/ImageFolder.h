@@ -11,6 +11,9 @@ namespace kv::workbench
 QStringList ImagePatterns();
 bool IsImageFile(const QString& path);
 
+// The images of the folder in which `path` lies, as paths in natural order of names.
+QStringList ImagesOfFolder(const QString& path);
+
 // The image `step` places behind `path` in its folder (before it if negative), by natural order of names. Empty if
 // there is none: the walk ends at the folder's first and last image.
 QString NeighbourImage(const QString& path, int step);

@@ -47,6 +47,7 @@ MainWindow::MainWindow()
     BuildFileMenu();
     BuildEditMenu();
     BuildToolsMenu();
+    BuildMaskMenu();
     BuildViewMenu();
     BuildDock();
     BuildStatusBar();
@@ -67,7 +68,8 @@ void MainWindow::closeEvent(QCloseEvent* event)
 {
     if (!MayDiscard())
         return event->ignore();
-    autosave.Discard();
+    autosave.DiscardContours();
+    autosave.DiscardMask();
     Settings::KeepWindow(saveGeometry(), saveState());
     event->accept();
 }
@@ -82,7 +84,7 @@ void MainWindow::keyPressEvent(QKeyEvent* event)
 void MainWindow::ContoursChanged()
 {
     SetModified(true);
-    autosave.Touch();
+    autosave.TouchContours();
     UpdateActions();
 }
 
@@ -130,6 +132,8 @@ void MainWindow::UpdateActions()
         action->setEnabled(image != nullptr);
     for (QAction* action : needSelection)
         action->setEnabled(pane->Selected() != nullptr);
+    for (QAction* action : needMask)
+        action->setEnabled(mask != nullptr);
     undo->setEnabled(pane->CanUndo());
     redo->setEnabled(pane->CanRedo());
 }
@@ -141,8 +145,14 @@ void MainWindow::UpdateTitle()
 
 void MainWindow::SetModified(bool modified)
 {
+    contoursModified = modified;
+    UpdateModified();
+}
+
+void MainWindow::UpdateModified()
+{
     UpdateTitle();
-    setWindowModified(modified);
+    setWindowModified(contoursModified || maskModified);
 }
 
 } // namespace kv::workbench

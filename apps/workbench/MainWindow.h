@@ -6,6 +6,7 @@
 
 #include <QMainWindow>
 
+#include <functional>
 #include <memory>
 
 class QAction;
@@ -18,6 +19,8 @@ namespace kv::workbench
 
 class ContourTable;
 enum class Picture;
+struct DialogEnd;
+struct Outcome;
 
 class MainWindow : public QMainWindow
 {
@@ -29,7 +32,7 @@ public:
 
     // Opens an image with the contours beside it. A file that can't be read is told about and changes nothing.
     bool OpenImage(const QString& path);
-    // Offers the contours that a crash left behind, if there are any.
+    // Offers the contours and the mask that a crash left behind, if there are any.
     void OfferRecovery();
 
 protected:
@@ -47,6 +50,7 @@ private:
     void BuildFileMenu();
     void BuildEditMenu();
     void BuildToolsMenu();
+    void BuildMaskMenu();
     void BuildViewMenu();
     void BuildDock();
     void BuildStatusBar();
@@ -60,7 +64,11 @@ private:
     void SaveCommand() { Save(); }
     void SaveAsCommand() { SaveAs(); }
     bool SaveTo(const QString& path);
-    bool MayDiscard();
+    bool MayDiscard() { return MayDiscardContours() && MayDiscardMask(); }
+    bool MayDiscardContours();
+    bool MayDiscardMask();
+    bool MayDiscard(bool modified, unsigned short question, bool (MainWindow::*save)());
+    void TellExport(const QString& path, const Outcome& outcome);
     void ExportMask();
     void ExportPicture();
     void NextImage() { OpenNeighbour(1); }
@@ -68,9 +76,35 @@ private:
     void OpenNeighbour(int step);
     void OpenDropped(const QStringList& paths);
     void FillRecent();
+    bool MayRecover(const Autosave::LeftOver& left, const QString& image);
     EditorPane::ContourList LoadBeside(const QString& image);
     void TellFailure(unsigned short text, const QString& path, const QString& why);
     void TellSkipped(const QString& path, const QStringList& skipped);
+
+    // MainWindow_mask.cpp
+    void SetMask(std::unique_ptr<KvN::KvAOI8> newMask, bool modified);
+    void ForgetMask();
+    void RecoverMask(const QString& path);
+    std::unique_ptr<KvN::KvAOI8> CopyOfMask() const;
+    void ChangeMask(std::unique_ptr<KvN::KvAOI8> changed);
+    void ShowMask();
+    bool MayPaint();
+    bool MendSettings(const QString& fault, bool mendable);
+    std::unique_ptr<KvN::KvAOI8> StartingMask();
+    std::unique_ptr<KvN::KvAOI8> MaskWithContours();
+    void RunPainting(const std::function<DialogEnd(KvN::KvAOI8&)>& run);
+    void PaintMask();
+    void PaintMaskOverFolder();
+    void TakeContoursMask();
+    std::unique_ptr<KvN::KvAOI> ReadMask(const QString& path);
+    QString AskForMask(unsigned short title);
+    void OpenMask();
+    void LoadSystemMask();
+    bool SaveMaskTo(const QString& chosen);
+    bool SaveMask();
+    bool SaveMaskAs();
+    void SaveMaskCommand() { SaveMask(); }
+    void SaveMaskAsCommand() { SaveMaskAs(); }
 
     // MainWindow_edit.cpp
     void Undo() { pane->Undo(); }
@@ -86,6 +120,7 @@ private:
     void FullFrame();
     void NextUnderPointer() { pane->SelectNextUnderPointer(); }
     void EditCell(const QModelIndex& index);
+    void ShowCellMenu(const QPoint& at);
 
     void ZoomIn() { pane->ZoomBySteps(1); }
     void ZoomOut() { pane->ZoomBySteps(-1); }
@@ -103,7 +138,8 @@ private:
     void ShowZoom();
     void UpdateActions();
     void UpdateTitle();
-    void SetModified(bool modified);
+    void SetModified(bool modified); // of the contours
+    void UpdateModified();
 
     EditorPane* pane = nullptr;
     ContourTable* table = nullptr;
@@ -115,8 +151,10 @@ private:
     QAction* redo = nullptr;
     QAction* showHandles = nullptr;
     QAction* showDirection = nullptr;
+    QAction* showMask = nullptr;
     QList<QAction*> needImage;
     QList<QAction*> needSelection;
+    QList<QAction*> needMask;
     QLabel* position = nullptr;
     QLabel* value = nullptr;
     QLabel* figure = nullptr;
@@ -125,6 +163,11 @@ private:
     std::unique_ptr<KvN::KvAOI> image;
     QString imagePath;
     QString contourPath;
+    bool contoursModified = false;
+    std::shared_ptr<const KvN::KvAOI8> mask; // null until there is one; all eight bits
+    std::unique_ptr<KvN::KvAOI8> maskShown;  // the two bits of it that can be painted
+    QString maskPath;
+    bool maskModified = false;
     Autosave autosave;
 };
 

@@ -141,18 +141,21 @@ void MainWindow::BuildDock()
         0); // measures what is visible, however many contours there are
     connect(pane, &EditorPane::ContoursShown, list, &QTableView::resizeColumnsToContents);
     connect(table, &ContourTable::rowsInserted, list, &QTableView::resizeColumnsToContents);
+    connect(table, &ContourTable::dataChanged, list, &QTableView::resizeColumnsToContents);
     // The editor takes the key itself while it has the focus.
     connect(new QShortcut(Qt::Key_Delete, list, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated, this,
             &MainWindow::Delete);
     connect(list->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& row) { pane->Select(row.row()); });
     connect(list, &QTableView::doubleClicked, this, &MainWindow::EditCell);
+    list->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(list, &QTableView::customContextMenuRequested, this, &MainWindow::ShowCellMenu);
 
     auto* dock = new QDockWidget(Text(IDS_WB_DOCK), this);
     dock->setObjectName("contours");
     dock->setWidget(list);
     addDockWidget(Qt::RightDockWidgetArea, dock);
-    resizeDocks({dock}, {460}, Qt::Horizontal);
+    resizeDocks({dock}, {560}, Qt::Horizontal);
 }
 
 void MainWindow::BuildStatusBar()

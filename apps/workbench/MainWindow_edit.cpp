@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QColorDialog>
+#include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QStatusBar>
@@ -78,13 +79,31 @@ void MainWindow::FullFrame()
 // Colours are chosen from a dialog; all other cells are edited where they are.
 void MainWindow::EditCell(const QModelIndex& index)
 {
-    if (index.column() != ContourTable::Color)
+    const KvN::KvContour* contour = pane->At(index.row());
+    if (index.column() != ContourTable::Color || !contour || contour->ReadOnly())
         return;
     const QColor before = index.data(Qt::EditRole).value<QColor>();
     const QColor color =
         QColorDialog::getColor(before.isValid() ? before : QColor(Qt::magenta), this, Text(IDS_WB_ASK_COLOR));
     if (color.isValid())
         table->setData(index, color, Qt::EditRole);
+}
+
+// The menu of a colour, the only cell that has one; a point of the list.
+void MainWindow::ShowCellMenu(const QPoint& at)
+{
+    const QModelIndex cell = list->indexAt(at);
+    const KvN::KvContour* contour = cell.column() == ContourTable::Color ? pane->At(cell.row()) : nullptr;
+    if (!contour)
+        return;
+    auto* menu = new QMenu(list);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    QAction* choose = menu->addAction(Text(IDS_WB_COLOR_CHOOSE), this, [this, cell] { EditCell(cell); });
+    QAction* standard = menu->addAction(Text(IDS_WB_COLOR_DEFAULT), this,
+                                        [this, cell] { table->setData(cell, QVariant(), Qt::EditRole); });
+    choose->setEnabled(!contour->ReadOnly());
+    standard->setEnabled(!contour->ReadOnly() && cell.data(Qt::EditRole).isValid());
+    menu->popup(list->viewport()->mapToGlobal(at));
 }
 
 void MainWindow::ShowHandles()

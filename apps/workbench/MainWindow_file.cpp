@@ -16,22 +16,6 @@
 
 namespace kv::workbench
 {
-namespace
-{
-// Loads an image, or says why not.
-std::unique_ptr<KvN::KvAOI> LoadImage(const QString& path, QString& why)
-try
-{
-    return KvN::KvxLoadAOI(FromQt(path));
-}
-catch (KvN::KvException* failure)
-{
-    why = ToQt(failure->GetMessageW());
-    failure->Delete();
-    return nullptr;
-}
-} // namespace
-
 void MainWindow::TellFailure(unsigned short text, const QString& path, const QString& why)
 {
     QMessageBox::warning(this, Text(IDS_WB_APP), Text(text, QFileInfo(path).fileName(), why));
@@ -60,35 +44,49 @@ bool MainWindow::OpenImage(const QString& path)
 {
     if (!MayDiscard())
         return false;
-    QString why;
-    std::unique_ptr<KvN::KvAOI> opened = LoadImage(path, why);
+    std::unique_ptr<KvN::KvAOI> opened;
+    const QString why = FailureOf([&] { opened = KvN::KvxLoadAOI(FromQt(path)); });
     if (!opened)
     {
         TellFailure(IDS_WB_ERROR_OPEN, path, why);
         return false;
     }
-    autosave.Discard();
+    opened->SetUIName(opened->GetAOIName()); // as menus show it
+    autosave.DiscardContours();
+    autosave.DiscardMask();
     const bool fitted = image && pane->IsFitted();
     contourPath = ContourFileOf(path);
-    const QString recovered = Autosave::LeftBehind(path);
-    const bool recover =
-        !recovered.isEmpty() &&
-        QMessageBox::question(this, Text(IDS_WB_APP), Text(IDS_WB_ASK_RECOVER, QFileInfo(path).fileName())) ==
-            QMessageBox::Yes;
-    const auto contours = LoadBeside(recover ? recovered : contourPath);
+    Autosave::LeftOver left = Autosave::LeftBehind(path);
+    if (!MayRecover(left, path))
+        left = {};
+    const auto contours = LoadBeside(left.contours.isEmpty() ? contourPath : left.contours);
+    ForgetMask();
     pane->Show(opened.get(), contours);
     image = std::move(opened);
     imagePath = QFileInfo(path).absoluteFilePath();
     autosave.Begin(imagePath);
-    if (!recover)
-        autosave.Discard();
-    SetModified(recover);
+    if (left.contours.isEmpty())
+        autosave.DiscardContours();
+    SetModified(!left.contours.isEmpty());
+    RecoverMask(left.mask);
     Settings::AddRecentFile(imagePath);
     if (fitted)
         pane->FitToWindow();
     ShowZoom();
     UpdateActions();
     return true;
+}
+
+// Whether the operator wants back what a crash left behind.
+bool MainWindow::MayRecover(const Autosave::LeftOver& left, const QString& path)
+{
+    if (left.IsEmpty())
+        return false;
+    const unsigned short question = left.mask.isEmpty()       ? IDS_WB_ASK_RECOVER
+                                    : left.contours.isEmpty() ? IDS_WB_ASK_RECOVER_MASK
+                                                              : IDS_WB_ASK_RECOVER_BOTH;
+    return QMessageBox::question(this, Text(IDS_WB_APP), Text(question, QFileInfo(path).fileName())) ==
+           QMessageBox::Yes;
 }
 
 // The contours of a file that may not be there.
@@ -125,9 +123,9 @@ bool MainWindow::SaveTo(const QString& path)
         return false;
     }
     contourPath = path;
-    autosave.Discard();
+    autosave.DiscardContours();
     SetModified(false);
-    statusBar()->showMessage(Text(IDS_WB_STATUS_SAVED, path), 5000);
+    statusBar()->showMessage(Text(IDS_WB_STATUS_SAVED, QFileInfo(path).fileName()), 5000);
     return true;
 }
 
@@ -143,38 +141,55 @@ bool MainWindow::SaveAs()
     return !path.isEmpty() && SaveTo(path);
 }
 
-// Whether the present contours may go: they are saved, or the operator gives them up.
-bool MainWindow::MayDiscard()
+// Whether what is there may go: it is saved, or the operator gives it up.
+bool MainWindow::MayDiscard(bool modified, unsigned short question, bool (MainWindow::*save)())
 {
-    if (!isWindowModified())
+    if (!modified)
         return true;
-    const auto answer = QMessageBox::question(this, Text(IDS_WB_APP), Text(IDS_WB_ASK_SAVE),
+    const auto answer = QMessageBox::question(this, Text(IDS_WB_APP), Text(question),
                                               QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
-    return answer == QMessageBox::Save ? Save() : answer == QMessageBox::Discard;
+    return answer == QMessageBox::Save ? (this->*save)() : answer == QMessageBox::Discard;
+}
+
+bool MainWindow::MayDiscardContours()
+{
+    return MayDiscard(contoursModified, IDS_WB_ASK_SAVE, &MainWindow::Save);
+}
+
+bool MainWindow::MayDiscardMask()
+{
+    return MayDiscard(maskModified, IDS_WB_ASK_SAVE_MASK, &MainWindow::SaveMask);
+}
+
+// Tells how an export ended.
+void MainWindow::TellExport(const QString& path, const Outcome& outcome)
+{
+    if (!outcome.failure.isEmpty())
+        TellFailure(IDS_WB_ERROR_SAVE, path, outcome.failure);
+    else if (outcome.cancelled)
+        statusBar()->showMessage(Text(IDS_WB_STATUS_CANCELLED), 5000);
+    else
+        statusBar()->showMessage(Text(IDS_WB_STATUS_EXPORTED, QFileInfo(path).fileName()), 5000);
 }
 
 void MainWindow::ExportMask()
 {
-    const QString path = QFileDialog::getSaveFileName(this, Text(IDS_WB_EXPORT_MASK).remove('&'),
-                                                      imagePath + ".mask.png", Text(IDS_WB_FILTER_MASK));
-    if (path.isEmpty())
+    const QString chosen = QFileDialog::getSaveFileName(this, Text(IDS_WB_EXPORT_MASK).remove('&'),
+                                                        imagePath + ".mask.png", Text(IDS_WB_FILTER_MASK));
+    if (chosen.isEmpty())
         return;
-    const QString why = WriteMask(this, path, *image, pane->Contours());
-    if (!why.isEmpty())
-        return TellFailure(IDS_WB_ERROR_SAVE, path, why);
-    statusBar()->showMessage(Text(IDS_WB_STATUS_EXPORTED, path), 5000);
+    const QString path = MaskFileName(chosen);
+    if (path.isEmpty())
+        return TellFailure(IDS_WB_ERROR_SAVE, chosen, Text(IDS_WB_ERROR_MASK_FORMAT));
+    TellExport(path, WriteContourMask(this, path, *image, pane->Contours()));
 }
 
 void MainWindow::ExportPicture()
 {
     const QString path = QFileDialog::getSaveFileName(this, Text(IDS_WB_EXPORT_PICTURE).remove('&'),
                                                       imagePath + ".contours.png", Text(IDS_WB_FILTER_PICTURE));
-    if (path.isEmpty())
-        return;
-    const QString why = WritePicture(this, path, *image, pane->Contours());
-    if (!why.isEmpty())
-        return TellFailure(IDS_WB_ERROR_SAVE, path, why);
-    statusBar()->showMessage(Text(IDS_WB_STATUS_EXPORTED, path), 5000);
+    if (!path.isEmpty())
+        TellExport(path, WritePicture(this, path, *image, pane->Contours()));
 }
 
 void MainWindow::OpenNeighbour(int step)

@@ -17,6 +17,11 @@ const QString geometryKey = QStringLiteral("window/geometry");
 const QString stateKey = QStringLiteral("window/state");
 } // namespace
 
+QString Settings::Folder()
+{
+    return QFileInfo(Store().fileName()).absolutePath();
+}
+
 QStringList Settings::RecentFiles()
 {
     return Store().value(recentKey).toStringList();

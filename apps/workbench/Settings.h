@@ -12,6 +12,9 @@ class Settings
 public:
     static constexpr int recentCount = 8;
 
+    // Where this and other settings of the workbench are kept.
+    static QString Folder();
+
     static QStringList RecentFiles();
     // Puts the file in front; the oldest of more than `recentCount` drops out.
     static void AddRecentFile(const QString& path);

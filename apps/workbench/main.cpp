@@ -1,23 +1,15 @@
 // kvworkbench [IMAGE]: opens an image and lets an operator mark regions on it.
 #include "apps/workbench/MainWindow.h"
+#include "apps/workbench/Startup.h"
 #include "contracts/image.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QLibraryInfo>
-#include <QLocale>
-#include <QTranslator>
 
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    QApplication::setApplicationName("kvworkbench");
-    QApplication::setApplicationVersion(KV_VERSION);
-    QLocale::setDefault(QLocale(QLocale::German));
-    QTranslator standardTexts; // of Qt's own buttons and dialogs
-    if (standardTexts.load("qtbase_de", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QApplication::installTranslator(&standardTexts);
-
+    kv::workbench::SetUp(application);
     QCommandLineParser line;
     line.addHelpOption();
     line.addVersionOption();

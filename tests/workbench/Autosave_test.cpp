@@ -1,138 +1,140 @@
-// What is left after the workbench was killed, at moments that nobody chose.
+// What is left behind, and for whom. tests/realwindow/kill_test.cpp kills the program itself.
 #include "apps/workbench/Autosave.h"
 
 #include "apps/workbench/ContourFile.h"
-#include "apps/workbench/Texts.h"
+#include "apps/workbench/MaskBits.h"
+#include "tests/workbench/desk.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
-#include <QThread>
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <chrono>
-#include <fstream>
-#include <memory>
-#include <random>
-
+using namespace kv::test;
 using namespace kv::workbench;
 
 namespace
 {
-long long Now()
+class Autosaves : public testing::Test
 {
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
-}
-
-struct Victim
-{
+protected:
     QTemporaryDir folder;
-    QProcess process;
-    QString image;
-    long long dueAt = 0;
-    long long killedAt = 0;
+    QString image = folder.filePath("teil.png");
+    int written = 0;
+    Autosave autosave{[this](const QString& path) { return ++written && WriteContours(path, {}).isEmpty(); }};
 
-    explicit Victim(unsigned delay)
+    Autosaves()
     {
-        image = folder.filePath("teil.png");
-        QFile::copy(KV_SOURCE_ROOT "/examples/data/brick.png", image);
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("XDG_STATE_HOME", folder.filePath("state"));
-        environment.insert("XDG_CONFIG_HOME", folder.filePath("config"));
-        environment.insert("QT_QPA_PLATFORM", "offscreen");
-        process.setProcessEnvironment(environment);
-        process.start(KV_OPERATOR, {image, folder.filePath("log")});
-        process.waitForStarted();
-        dueAt = Now() + delay;
+        QFile(image).open(QIODevice::WriteOnly);
+        autosave.Begin(image);
     }
+    // An end without a good-bye, but for what is on its way.
+    void Crash() { autosave.Begin({}); }
 
-    void Kill()
+    void WaitForContours()
     {
-        while (Now() < dueAt)
-            QThread::msleep(1);
-        killedAt = Now();
-        process.kill();
-        process.waitForFinished();
+        QElapsedTimer patience;
+        patience.start();
+        while (!written && patience.elapsed() < 30000)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
     }
-
-    // How many contours there were at the moment, by the operator's own notes.
-    int DoneBy(long long moment) const
+    // A mask with as many pixels of the user mask.
+    static std::shared_ptr<const KvN::KvAOI8> Mask(int pixels, short width = 100, short height = 10)
     {
-        std::ifstream log(folder.filePath("log").toStdString());
-        int done = 0;
-        long long at = 0;
-        for (int count = 0; log >> at >> count && at <= moment;)
-            done = count;
-        return done;
+        auto mask = std::make_shared<KvN::KvBufferAOI8>(KvN::KvTSize<short>(width, height));
+        std::fill_n(mask->GetRowPointer(0), pixels, userBit);
+        return mask;
+    }
+    int PixelsLeft() const
+    {
+        const QString left = Autosave::LeftBehind(image).mask;
+        const auto mask = left.isEmpty() ? nullptr : LoadGrey(left);
+        return mask ? CountBits(*mask, userBit) : -1;
     }
 };
-
-void ExpectRecovered(const Victim& victim)
-{
-    qputenv("XDG_STATE_HOME", victim.folder.filePath("state").toUtf8());
-    const int least = victim.DoneBy(victim.killedAt - 2000);
-    const QString left = Autosave::LeftBehind(victim.image);
-    if (left.isEmpty())
-    {
-        EXPECT_EQ(least, 0) << "nothing to recover";
-        return;
-    }
-    const ContourFile file = ReadContours(left);
-    EXPECT_EQ(file.failure.toStdString(), "");
-    EXPECT_TRUE(file.skipped.isEmpty());
-    EXPECT_GE(static_cast<int>(file.contours.size()), least);
-    for (size_t i = 0; i < file.contours.size(); ++i)
-        ASSERT_EQ(ToQt(file.contours[i].Description()).toStdString(), std::to_string(i));
-}
 } // namespace
 
-TEST(Autosaves, AKillLosesAtMostTheLastTwoSeconds)
+TEST_F(Autosaves, WhatIsDiscardedIsNotOffered)
 {
-    std::mt19937 random(20260721);
-    const QByteArray before = qgetenv("XDG_STATE_HOME");
-    int witnesses = 0;
-    for (int batch = 0; batch < 10; ++batch)
-    {
-        std::vector<std::unique_ptr<Victim>> victims;
-        for (int i = 0; i < 5; ++i)
-            victims.push_back(std::make_unique<Victim>(1500 + random() % 3000));
-        std::sort(victims.begin(), victims.end(), [](const auto& a, const auto& b) { return a->dueAt < b->dueAt; });
-        for (const auto& victim : victims)
-            victim->Kill();
-        for (const auto& victim : victims)
-        {
-            ExpectRecovered(*victim);
-            witnesses += victim->DoneBy(victim->killedAt - 2000) > 0;
-        }
-    }
-    EXPECT_GT(witnesses, 5); // enough of them lived longer than they may lose
-    qputenv("XDG_STATE_HOME", before);
+    autosave.TouchContours();
+    WaitForContours();
+    EXPECT_EQ(written, 1);
+    EXPECT_TRUE(Autosave::LeftBehind(image).IsEmpty()) << "it is in use";
+    Crash();
+    EXPECT_FALSE(Autosave::LeftBehind(image).contours.isEmpty());
+    autosave.Begin(image);
+    autosave.DiscardContours();
+    Crash();
+    EXPECT_TRUE(Autosave::LeftBehind(image).IsEmpty());
 }
 
-TEST(Autosaves, WhatIsDiscardedIsNotOffered)
+TEST_F(Autosaves, TheLastMaskIsLeft)
 {
-    QTemporaryDir folder;
-    const QString image = folder.filePath("teil.png");
-    QFile(image).open(QIODevice::WriteOnly);
-    int written = 0;
-    Autosave autosave([&](const QString& path) { return ++written && WriteContours(path, {}).isEmpty(); });
+    for (int pixels = 1; pixels <= 20; ++pixels)
+        autosave.TouchMask(Mask(pixels));
+    Crash();
+    EXPECT_EQ(PixelsLeft(), 20);
+    EXPECT_EQ(Autosave::AnyLeftBehind(), image);
+    EXPECT_TRUE(Autosave::LeftBehind(image).contours.isEmpty()) << "they are a matter of their own";
     autosave.Begin(image);
-    autosave.Touch();
+    autosave.DiscardMask();
+}
+
+TEST_F(Autosaves, AMaskThatIsDiscardedWhileItIsWrittenLeavesNothing)
+{
+    autosave.TouchMask(Mask(7, 4000, 4000));
+    autosave.DiscardMask();
+    Crash();
+    EXPECT_TRUE(Autosave::LeftBehind(image).IsEmpty());
+    autosave.Begin(image);
+    autosave.TouchMask(Mask(7, 4000, 4000));
+    autosave.DiscardMask();
+    autosave.TouchMask(Mask(9));
+    Crash();
+    EXPECT_EQ(PixelsLeft(), 9) << "a later one stays";
+    autosave.Begin(image);
+    autosave.DiscardMask();
+}
+
+TEST_F(Autosaves, MaskAndContoursAreDiscardedOnTheirOwn)
+{
+    autosave.TouchContours();
+    autosave.TouchMask(Mask(5));
+    WaitForContours();
+    Crash();
+    EXPECT_FALSE(Autosave::LeftBehind(image).contours.isEmpty());
+    EXPECT_EQ(PixelsLeft(), 5);
+    autosave.Begin(image);
+    autosave.DiscardContours();
+    Crash();
+    EXPECT_TRUE(Autosave::LeftBehind(image).contours.isEmpty());
+    EXPECT_EQ(PixelsLeft(), 5);
+    autosave.Begin(image);
+    autosave.DiscardMask();
+    Crash();
+    EXPECT_TRUE(Autosave::AnyLeftBehind().isEmpty());
+}
+
+TEST_F(Autosaves, AMaskThatCouldNotBeWrittenIsTriedAgain)
+{
+    autosave.TouchMask(Mask(5));
+    Crash();
+    const QString file = Autosave::LeftBehind(image).mask;
+    QFile::remove(file);
+    QDir(file).mkpath("im/weg"); // a folder of its name
+    autosave.Begin(image);
+    autosave.TouchMask(Mask(6));
     QElapsedTimer patience;
     patience.start();
-    while (!written && patience.elapsed() < 30000)
+    while (patience.elapsed() < 300)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
-    EXPECT_EQ(written, 1);
-    EXPECT_TRUE(Autosave::LeftBehind(image).isEmpty()) << "it is in use";
-    autosave.Begin({});
-    EXPECT_FALSE(Autosave::LeftBehind(image).isEmpty());
+    QDir(file).removeRecursively();
+    while (!QFileInfo(file).isFile() && patience.elapsed() < 30000)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+    Crash();
+    EXPECT_EQ(PixelsLeft(), 6);
     autosave.Begin(image);
-    autosave.Discard();
-    autosave.Begin({});
-    EXPECT_TRUE(Autosave::LeftBehind(image).isEmpty());
+    autosave.DiscardMask();
 }

@@ -1,4 +1,6 @@
 // The application object of the workbench's tests, without a display and with folders of its own.
+#include "apps/workbench/Startup.h"
+
 #include <QApplication>
 #include <QTemporaryDir>
 
@@ -12,5 +14,6 @@ int main(int argc, char** argv)
     qputenv("XDG_STATE_HOME", home.path().toUtf8());
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
+    kv::workbench::SetUp(application);
     return RUN_ALL_TESTS();
 }
