@@ -1,0 +1,100 @@
+// The workbench's way to a mask with a real mouse: the dialog by its key, a figure, and the saved file.
+#include "tests/realwindow/coordinate_image.h"
+#include "tests/realwindow/workbench.h"
+
+#include <QThread>
+
+namespace kv::realwindow
+{
+namespace
+{
+class RealMaskMenu : public WorkbenchDesk
+{
+protected:
+    // The painted rectangle and nothing else.
+    static void ExpectPainted(const QString& mask)
+    {
+        const QImage saved(mask);
+        ASSERT_EQ(saved.size(), QSize(240, 160));
+        for (int y = 0; y < 160; ++y)
+        {
+            for (int x = 0; x < 240; ++x)
+            {
+                const bool inside = x >= 20 && x < 90 && y >= 30 && y < 70;
+                ASSERT_EQ(qGray(saved.pixel(x, y)), inside ? 128 : 0) << x << ", " << y;
+            }
+        }
+    }
+    // Opens the dialog and paints that rectangle.
+    void Paint()
+    {
+        screen->Keys({"F9"});
+        const unsigned long dialog = screen->Focus("^Maskieren$");
+        const QPoint corner = CornerIn(dialog);
+        screen->Drag(corner + QPoint(20, 30), corner + QPoint(90, 70));
+        screen->Keys({"Return"}); // OK takes what is placed
+        WaitFor("the dialog's end", [&] { return screen->Window("^Maskieren$") == 0; });
+        screen->Focus("part.png");
+    }
+    // Saves the mask under the proposed name.
+    QString SaveMask(const QString& image)
+    {
+        screen->Keys({"ctrl+alt+s"});
+        screen->Focus("speichern"); // the choice of a file
+        screen->Keys({"Return"});
+        const QString path = image + ".mask.png";
+        WaitFor("the mask's file", [&] { return QFile::exists(path); });
+        return path;
+    }
+
+private:
+    // Where the dialog shows the image's corner, at its original size.
+    QPoint CornerIn(unsigned long dialog) const
+    {
+        const QRect place = screen->Geometry(dialog);
+        QRect corner;
+        WaitFor("the image in the dialog",
+                [&] {
+                    return !(corner = ScreenPixels(screen->Shot().copy(place), {0, 0})).isEmpty();
+                });
+        return place.topLeft() + corner.center();
+    }
+};
+} // namespace
+
+TEST_F(RealMaskMenu, AMaskIsPaintedInTheDialogAndSaved)
+{
+    const QString image = MakeImage("part.png", {240, 160});
+    OpenAtOriginalSize(image);
+    Paint();
+    ExpectPainted(SaveMask(image));
+}
+
+TEST_F(RealMaskMenu, AMaskSurvivesAKillTwoSecondsAfterItWasPainted)
+{
+    const QString image = MakeImage("part.png", {240, 160});
+    OpenAtOriginalSize(image);
+    Paint();
+    QThread::msleep(2000);
+    KillAll();
+    OpenWorkbench({});
+    Answer("alt+j");
+    At(0, 0);
+    ExpectPainted(SaveMask(image));
+    WaitFor("the end of what is kept",
+            [&] { return QDir(Path(".local/state/kv/autosave")).entryList({"*.mask.png"}).isEmpty(); });
+}
+
+TEST_F(RealMaskMenu, AClosedDialogGivesTheKeyboardBack)
+{
+    OpenAtOriginalSize(MakeImage());
+    screen->Keys({"F9"});
+    screen->Focus("^Maskieren$");
+    screen->Keys({"Escape"});
+    WaitFor("the dialog's end", [&] { return screen->Window("^Maskieren$") == 0; });
+    screen->Focus("part.png");
+    screen->Keys({"ctrl+plus"});
+    ExpectZoom(1.25);
+}
+
+} // namespace kv::realwindow
