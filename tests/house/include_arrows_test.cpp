@@ -17,7 +17,8 @@ const std::map<std::string, std::set<std::string>>& Arrows()
 {
     static const std::set<std::string> core = {"platform/gdi",    "platform/afx",  "contracts/basics",
                                                "contracts/image", "contracts/xml", "contracts/undo"};
-    static const auto with = [](std::set<std::string> rooms, const std::set<std::string>& more) {
+    static const auto with = [](std::set<std::string> rooms, const std::set<std::string>& more)
+    {
         rooms.insert(more.begin(), more.end());
         return rooms;
     };
@@ -54,7 +55,10 @@ std::string RoomOf(const std::string& path)
     return path.substr(0, path.find_first_of("/.", folder + 1));
 }
 
-bool IsResourceIds(const std::string& path) { return path.rfind("resources/", 0) == 0; }
+bool IsResourceIds(const std::string& path)
+{
+    return path.rfind("resources/", 0) == 0;
+}
 
 // A Qt header's name, such as <QWidget>, <QtGui/QImage> or <private/qapplication_p.h>.
 bool IsQt(const std::string& header)

@@ -21,7 +21,8 @@ struct IncludeLine
 // `#include "header"` or `#include <header>`, blanks allowed where the language allows them.
 std::optional<IncludeLine> ParseInclude(std::string_view line)
 {
-    const auto skip = [&line](std::string_view word) {
+    const auto skip = [&line](std::string_view word)
+    {
         line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
         const bool found = line.starts_with(word);
         line.remove_prefix(found ? word.size() : 0);
