@@ -55,6 +55,13 @@ void WorkbenchDesk::Answer(const QString& key) const
     screen->Focus("Arbeitsplatz");
 }
 
+QRect WorkbenchDesk::OpenedMenu(size_t nested) const
+{
+    std::vector<unsigned long> windows; // the main window and the menus over it
+    WaitFor("a menu", [&] { return (windows = screen->Windows("kvworkbench")).size() == 1 + nested; });
+    return screen->Geometry(windows.back());
+}
+
 void WorkbenchDesk::ExpectZoom(double wanted, int x, int y) const
 {
     WaitFor("a zoom of " + std::to_string(wanted),

@@ -20,6 +20,8 @@ protected:
     std::vector<KvN::KvContour> Save(const QString& image) const;
     // Waits for a message box over the main window, answers it by a key, and waits for its end.
     void Answer(const QString& key) const;
+    // Waits for a menu, or for the innermost of nested ones, and gives its place on the screen.
+    QRect OpenedMenu(size_t nested = 1) const;
     // Waits until the measured zoom is the wanted one.
     void ExpectZoom(double wanted, int x = 0, int y = 0) const;
 };

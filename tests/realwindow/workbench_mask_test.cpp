@@ -2,8 +2,6 @@
 #include "tests/realwindow/coordinate_image.h"
 #include "tests/realwindow/workbench.h"
 
-#include <QThread>
-
 namespace kv::realwindow
 {
 namespace
@@ -46,6 +44,7 @@ protected:
         WaitFor("the mask's file", [&] { return QFile::exists(path); });
         return path;
     }
+    QStringList KeptMasks() const { return QDir(Path(".local/state/kv/autosave")).entryList({"*.mask.png"}); }
 
 private:
     // Where the dialog shows the image's corner, at its original size.
@@ -70,19 +69,18 @@ TEST_F(RealMaskMenu, AMaskIsPaintedInTheDialogAndSaved)
     ExpectPainted(SaveMask(image));
 }
 
-TEST_F(RealMaskMenu, AMaskSurvivesAKillTwoSecondsAfterItWasPainted)
+TEST_F(RealMaskMenu, AMaskSurvivesAKillOnceItIsKept)
 {
     const QString image = MakeImage("part.png", {240, 160});
     OpenAtOriginalSize(image);
     Paint();
-    QThread::msleep(2000);
+    WaitFor("the kept mask", [&] { return !KeptMasks().isEmpty(); });
     KillAll();
     OpenWorkbench({});
     Answer("alt+j");
     At(0, 0);
     ExpectPainted(SaveMask(image));
-    WaitFor("the end of what is kept",
-            [&] { return QDir(Path(".local/state/kv/autosave")).entryList({"*.mask.png"}).isEmpty(); });
+    WaitFor("the end of what is kept", [&] { return KeptMasks().isEmpty(); });
 }
 
 TEST_F(RealMaskMenu, AClosedDialogGivesTheKeyboardBack)
