@@ -26,12 +26,6 @@ std::unique_ptr<show::Axis> AxisOf(LONG to, LONG toEnd, LONG from, LONG fromEnd,
     return std::make_unique<show::Axis>(to, toEnd, from, fromEnd - from, limit);
 }
 
-bool Covers(const RECT& outer, const RECT& inner)
-{
-    return outer.left <= inner.left && outer.top <= inner.top && inner.right <= outer.right &&
-           inner.bottom <= outer.bottom;
-}
-
 bool IsPixelOnPixel(const kv::gdi::DeviceMapping& mapping)
 {
     return mapping.isUpright() && mapping.m11 == 1 && mapping.m22 == 1;
@@ -123,8 +117,9 @@ bool KvMemDC::CombinePending(CDC& source, const CSize& size, DWORD rop)
     kv::gdi::Surface to, from;
     const bool found = kv::gdi::surfaceOf(m_hDC, to) && kv::gdi::surfaceOf(source.m_hDC, from);
     const RECT& box = picture->Box();
-    const bool plain = found && to.clip.size() == 1 && (limit == to.clip.front() || Covers(to.clip.front(), box)) &&
-                       to.depth == 32 && from.depth == 32 && IsPixelOnPixel(to.mapping) && IsPixelOnPixel(from.mapping);
+    const bool plain = found && to.clip.size() == 1 &&
+                       (limit == to.clip.front() || kv::raster::contains(to.clip.front(), box)) && to.depth == 32 &&
+                       from.depth == 32 && IsPixelOnPixel(to.mapping) && IsPixelOnPixel(from.mapping);
     if (plain)
     {
         const POINT at = to.mapping.toDevice(0, 0);

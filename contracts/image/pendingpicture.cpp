@@ -35,6 +35,41 @@ void AppendRun(std::vector<Run>& runs, const Run& run)
         runs.push_back(run);
 }
 
+// Drawn spans on those columns that a copy wants.
+class SpansOnColumns
+{
+public:
+    // Of spans between `left` and `right`; null for none. Columns ascend, with repetitions.
+    SpansOnColumns(const kv::gdi::DrawnSpans* spans_, const std::vector<int>& columns, int left_, int right)
+        : spans(spans_), left(left_)
+    {
+        if (!spans)
+            return;
+        auto column = columns.begin();
+        for (int x = left; x <= right; ++x)
+        {
+            column = std::find_if(column, columns.end(), [x](int wanted) { return wanted >= x; });
+            firstAt.push_back(static_cast<int>(column - columns.begin()));
+        }
+    }
+
+    void Draw(int y, KvColor* out) const
+    {
+        if (!spans)
+            return;
+        auto* values = reinterpret_cast<std::uint32_t*>(out);
+        spans->visitRow(y, [&](int from, int to, std::uint32_t value)
+                        { std::fill(values + Position(from), values + Position(to), value); });
+    }
+
+private:
+    int Position(int x) const { return firstAt[static_cast<size_t>(x - left)]; }
+
+    const kv::gdi::DrawnSpans* spans;
+    int left;
+    std::vector<int> firstAt; // by bitmap column from `left`: the position of the first wanted one there or beyond
+};
+
 // The rows of a picture, black without one, combined with a surface.
 class CombinedRows : public PixelRows
 {
@@ -131,6 +166,45 @@ void PendingPicture::write(const RECT& part)
     const RECT wanted = kv::raster::common(part, box);
     if (kv::raster::isEmpty(wanted))
         return;
+    WriteDrawn(wanted.top, wanted.bottom);
+    WriteMissing(wanted);
+}
+
+kv::gdi::DrawnSpans* PendingPicture::spansOver(const RECT& part)
+{
+    if (!kv::raster::contains(box, part))
+        return nullptr;
+    const auto makeRoom = [this]
+    {
+        WriteDrawn(box.top, box.bottom);
+        drawn->forgetAll();
+    };
+    if (!drawn)
+        drawn = std::make_unique<kv::gdi::DrawnSpans>(memory.height, makeRoom);
+    return drawn.get();
+}
+
+// Whole rows, since those of a span must not be drawn before those below it.
+void PendingPicture::WriteDrawn(int top, int bottom)
+{
+    if (!drawn)
+        return;
+    for (int y = top; y < bottom; ++y)
+    {
+        auto* row = reinterpret_cast<std::uint32_t*>(memory.row(y));
+        drawn->visitRow(y,
+                        [&](int from, int to, std::uint32_t value)
+                        {
+                            WriteMissing({from, y, to, y + 1});
+                            std::fill(row + from, row + to, value);
+                        });
+        drawn->forgetRow(y);
+    }
+}
+
+// Of a part that is not empty and lies inside the box.
+void PendingPicture::WriteMissing(const RECT& wanted)
+{
     const int left = (wanted.left - box.left) / tileWidth;
     const int right = (wanted.right - 1 - box.left) / tileWidth + 1;
     const int bottom = (wanted.bottom - 1 - box.top) / tileHeight + 1;
@@ -164,13 +238,16 @@ void PendingPicture::WriteTiles(int tileY, int from, int to)
     columns.index.resize(static_cast<size_t>(right - left));
     std::iota(columns.index.begin(), columns.index.end(), left + shift.x);
     for (int y = top; y < bottom; ++y)
-    {
-        auto* out = reinterpret_cast<KvColor*>(memory.row(y)) + left;
-        if (rows)
-            rows->Colors(y + shift.y, columns, out);
-        else
-            std::fill_n(out, right - left, KvColor());
-    }
+        Compute(y, columns, reinterpret_cast<KvColor*>(memory.row(y)) + left);
+}
+
+// Colours of a bitmap row at columns of the rows behind the picture.
+void PendingPicture::Compute(int y, const Columns& columns, KvColor* out) const
+{
+    if (rows)
+        rows->Colors(y + shift.y, columns, out);
+    else
+        std::fill_n(out, columns.Count(), KvColor());
 }
 
 void PendingPicture::Note(int tileY, int from, int to)
@@ -200,6 +277,7 @@ void PendingPicture::Copy(const kv::gdi::Surface& target, const Axis& across, co
         for (int i = inside.from; i < inside.to; ++i)
             shifted.index.push_back(index[static_cast<size_t>(i)] + shift.x);
         const bool straight = columns.source.IsRun();
+        const SpansOnColumns over(drawn.get(), index, box.left, box.right);
         const auto copyRun = [&](const KvColor* row, const Run& run, KvColor* out)
         {
             if (straight)
@@ -242,17 +320,13 @@ void PendingPicture::Copy(const kv::gdi::Surface& target, const Axis& across, co
                                    return;
                                }
                                findPresent((y - box.top) / tileHeight);
-                               if (present.size() == 1 && present.front().from == 0 && present.front().to == all.to)
-                               {
-                                   copyRun(BitmapRow(y), all, out);
-                                   return;
-                               }
-                               if (rows)
-                                   rows->Colors(y + shift.y, shifted, out + inside.from);
-                               else
-                                   std::fill_n(out + inside.from, inside.to - inside.from, KvColor());
+                               const bool whole =
+                                   present.size() == 1 && present.front().from == 0 && present.front().to == all.to;
+                               if (!whole)
+                                   Compute(y, shifted, out + inside.from);
                                for (const Run& run : present)
                                    copyRun(BitmapRow(y), run, out);
+                               over.Draw(y, out);
                            });
     }
 }

@@ -38,8 +38,9 @@ public:
     // Tiles that are written are noted there.
     void NoteIn(TouchedTiles& tiles) { touched = &tiles; }
     void write(const RECT& part) override;
+    kv::gdi::DrawnSpans* spansOver(const RECT& part) override;
     void WriteAll() { write(box); }
-    bool IsUntouched() const { return untouched; }
+    bool IsUntouched() const { return untouched && !drawn; }
 
     // Of an untouched picture: each pixel (x, y) of `valid` is combined with pixel (x, y) + `toSource` of a 32-bit
     // surface, which must not change from now on, by AND or else by OR.
@@ -54,7 +55,10 @@ private:
     static constexpr int tileHeight = 8;
 
     void BeforeChange(KvDevice& device) override;
+    void WriteMissing(const RECT& part);
     void WriteTiles(int tileY, int from, int to);
+    void WriteDrawn(int top, int bottom);
+    void Compute(int y, const Columns& columns, KvColor* out) const;
     void Note(int tileY, int from, int to);
     bool IsMissing(int tileX, int tileY) const
     {
@@ -70,6 +74,7 @@ private:
     int tilesAcross;
     std::vector<std::vector<bool>> written; // by row of tiles and tile; empty where a row is missing altogether
     bool untouched = true;
+    std::unique_ptr<kv::gdi::DrawnSpans> drawn; // over the pixels of both kinds; null: nothing
     TouchedTiles* touched = nullptr;
     std::vector<KvDevice*> devices;
 };

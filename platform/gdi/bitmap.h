@@ -46,6 +46,8 @@ public:
             pending->write(part);
         return view;
     }
+    // Where spans over a box may be kept instead; null if they are to be drawn.
+    DrawnSpans* spansOver(const RECT& part) const { return pending ? pending->spansOver(part) : nullptr; }
     void setPending(PendingPixels* pixels) { pending = pixels; }
     RECT box() const { return view.box(); }
     int width() const { return view.width; }

@@ -27,6 +27,12 @@ raster::PolygonFiller& sharedFiller()
     return filler;
 }
 
+DrawnSpans* keptSpans(const Dc& dc, const Stroke& stroke, const Ink& brush, const RECT& clip)
+{
+    const auto plain = [](const Ink& ink) { return !ink || ink.isPlain(); };
+    return plain(brush) && plain(stroke.penInk()) && plain(stroke.gapInk()) ? dc.bitmap->spansOver(clip) : nullptr;
+}
+
 // Draws a figure inside each visible rectangle: its inside with the brush, then its line with the pen. `fill` and
 // `line` are called with a sink and a clip. `bounds` holds all that they touch.
 template <class Fill, class Line>
@@ -42,6 +48,17 @@ void drawFigure(const Dc& dc, const Stroke& stroke, const Ink& brush, const RECT
         const RECT clip = raster::common(visible, bounds);
         if (raster::isEmpty(clip))
             continue;
+        if (DrawnSpans* spans = keptSpans(dc, stroke, brush, clip))
+        {
+            const auto keeper = [=](const Ink& ink) { return SpanKeeper{spans, maskOf(ink.rop2, ink.value).flip}; };
+            if (brush)
+                fill(keeper(brush), clip);
+            if (!stroke.none())
+                line(keeper(stroke.penInk()), clip, false);
+            if (stroke.gapInk())
+                line(keeper(stroke.gapInk()), clip, true);
+            continue;
+        }
         const PixelView view = dc.bitmap->pixels(clip);
         if (brush && apart)
         {

@@ -107,6 +107,11 @@ bool Ink::overwrites(int depth) const
                                    : (maskOf(rop2, value).keep & allBits(depth)) == 0;
 }
 
+bool Ink::isPlain() const
+{
+    return kind == Kind::Solid && maskOf(rop2, value).keep == 0;
+}
+
 std::uint32_t brushValue(const Dc& dc, COLORREF color)
 {
     return dc.bitmap->valueOf(color);

@@ -51,6 +51,8 @@ struct Ink
     // Whether painting a pixel twice is the same as once, and whether what was there before matters at all.
     bool repeatable(int depth) const;
     bool overwrites(int depth) const;
+    // Whether it overwrites 32-bit pixels with `value`.
+    bool isPlain() const;
 };
 
 Ink penInk(const Dc& dc);
@@ -110,6 +112,20 @@ private:
             row[x] = T((row[x] & line[column].keep) ^ line[column].flip);
             column = column + 1 == pattern->width ? 0 : column + 1;
         }
+    }
+};
+
+// Keeps what overwrites 32-bit pixels.
+struct SpanKeeper
+{
+    DrawnSpans* spans;
+    std::uint32_t value;
+
+    void span(int y, int from, int to) const { spans->add(y, from, to, value); }
+    void pixel(int x, int y) const { span(y, x, x + 1); }
+    raster::PixelCursor<SpanKeeper> cursor(int x, int y, raster::Step major, raster::Step minor) const
+    {
+        return {this, x, y, major, minor};
     }
 };
 

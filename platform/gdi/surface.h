@@ -2,6 +2,7 @@
 // straight into the target under the context's mapping and clip.
 #pragma once
 
+#include "platform/gdi/drawnspans.h"
 #include "platform/gdi/gdi_types.h"
 
 #include <cstddef>
@@ -42,6 +43,9 @@ public:
     virtual ~PendingPixels() = default;
     // Writes what is missing of a rectangle of the bitmap, which may reach beyond it. Draws with no context.
     virtual void write(const RECT& box) = 0;
+    // Where spans that overwrite pixels of a rectangle of the bitmap may be kept, by the bitmap's rows and columns,
+    // instead of being drawn. Null: they have to be drawn. Holds for one call of drawing.
+    virtual DrawnSpans* spansOver(const RECT&) { return nullptr; }
 };
 
 // From now on `pixels` (not owned) stands for the missing pixels of a bitmap; null if none are missing. False for a

@@ -313,5 +313,40 @@ TEST(PendingPicture, TakesMemoryWhereSomebodyDrew)
     }
     memory.MoveTo(0, 0);
     memory.LineTo(2000, 2000);
+    EXPECT_LT(memory.PixelsInMemory(), 2000) << "nobody has looked at the line yet";
+    memory.GetPixel(1000, 500);
+    EXPECT_LT(memory.PixelsInMemory(), 10000) << "which is elsewhere";
+    memory.PatBlt(0, 0, 2000, 2000, DSTINVERT);
     EXPECT_GE(memory.PixelsInMemory(), 2000 * 2000);
+}
+
+TEST(PendingPicture, KeepsNoEndOfWhatIsDrawn)
+{
+    constexpr int size = 1500;
+    KvBufferAOI8 aoi({size, size});
+    KvMemDC memory(Screen::Like(), size, size);
+    PlainDC plain(Screen::Like(), size, size);
+    std::vector<CBrush> fills(3);
+    for (size_t i = 0; i < fills.size(); ++i)
+        fills[i].CreateSolidBrush(RGB(80 * i, 40, 255 - 80 * i));
+    Screen actual, expected;
+    KvTRectangle<short> area(0, 0, size - 1, size - 1);
+    for (CDC* dc : {static_cast<CDC*>(&memory), static_cast<CDC*>(&plain)})
+    {
+        aoi.Show(dc);
+        const SavedContext saved(*dc);
+        // Over a million spans.
+        for (int i = 0; i < 300; ++i)
+        {
+            dc->SelectObject(static_cast<HGDIOBJ>(fills[static_cast<size_t>(i) % 3]));
+            dc->Ellipse(i, 2 * i / 3, size - i, size);
+        }
+    }
+    EXPECT_GT(memory.PixelsInMemory(), size * size / 2) << "drawn to make room";
+    for (CDC* dc : {static_cast<CDC*>(&expected), static_cast<CDC*>(&actual)})
+        Map(*dc, 0, 1, 16);
+    memory.Paint(&actual, area);
+    expected.BitBlt(0, 0, size, size, &plain, 0, 0, SRCCOPY);
+    EXPECT_EQ(PixelsOf(actual, screenWidth, screenHeight), PixelsOf(expected, screenWidth, screenHeight));
+    EXPECT_EQ(PixelsOf(memory, size, size), PixelsOf(plain, size, size));
 }

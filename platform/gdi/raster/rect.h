@@ -24,6 +24,12 @@ inline RECT common(const RECT& a, const RECT& b)
     return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right), std::min(a.bottom, b.bottom)};
 }
 
+inline bool contains(const RECT& outer, const RECT& inner)
+{
+    return outer.left <= inner.left && outer.top <= inner.top && inner.right <= outer.right &&
+           inner.bottom <= outer.bottom;
+}
+
 inline RECT grown(const RECT& r, int margin)
 {
     const std::int64_t m = margin;
