@@ -52,7 +52,7 @@ void KvContourToMask::Draw(const KvTList<KvContour>& contours, KvAOI8* aoi)
 try
 {
     mask::Figures figures(aoi->AOIWidth(), aoi->AOIHeight());
-    figures.Expect(contours);
+    figures.Expect(contours.count);
     for (const auto* node = contours.head; node; node = node->next)
         figures.Add(node->value);
     // Figures are drawn in white, so the mask gets what white is in the table of results.

@@ -67,6 +67,15 @@ RECT Common(const KvTRectangle<int>& box, int width, int height)
 
 } // namespace
 
+void PointStore::Grow(std::size_t count)
+{
+    constexpr std::size_t usual = 1 << 14;
+    const std::size_t size = std::max(count, usual);
+    blocks.push_back(std::make_unique_for_overwrite<POINT[]>(size));
+    next = blocks.back().get();
+    end = next + size;
+}
+
 Figures::Figures(int width, int height)
     : maskWidth(width), maskHeight(height),
       bandBits(std::max(static_cast<int>(std::bit_width(static_cast<unsigned>(bandBytes / std::max(width, 1)))) - 1,
@@ -75,29 +84,20 @@ Figures::Figures(int width, int height)
     bands.resize(static_cast<std::size_t>((height + BandRows() - 1) >> bandBits));
 }
 
-void Figures::Expect(const KvTList<KvContour>& contours)
-{
-    std::size_t all = 0;
-    for (const auto* node = contours.head; node; node = node->next)
-        all += static_cast<std::size_t>(node->value.CurvePositions().count) + 1;
-    points.reserve(all);
-    figures.reserve(static_cast<std::size_t>(contours.count));
-}
-
 void Figures::Add(const KvContour& contour)
 {
-    Figure figure{Kind::Polygon, contour.Exclude() != 0, -1, {}, static_cast<std::uint32_t>(points.size()), 0};
+    Figure figure{Kind::Polygon, contour.Exclude() != 0, -1, {}, nullptr, 0};
     KvTRectangle<double> box;
     switch (contour.ContourType())
     {
     case KvContour::eRectangle:
     case KvContour::ePolygon:
     case KvContour::eSquare:
-        box = AddPoints(contour.CurvePositions(), figure);
+        box = TakePoints(contour.CurvePositions(), figure);
         break;
     case KvContour::ePolyline:
         figure.kind = Kind::Polyline;
-        box = AddPoints(contour.CurvePositions(), figure);
+        box = TakePoints(contour.CurvePositions(), figure);
         if (contour.LineWidth() != KvContour::NoLineWidth)
         {
             const double half = contour.LineWidth() * 0.5;
@@ -109,7 +109,7 @@ void Figures::Add(const KvContour& contour)
     {
         KvTList<KvVec2d> samples;
         contour.CreateSegments(0.0, KvMath::TwoPi, 100, samples);
-        AddPoints(samples, figure);
+        TakePoints(samples, figure);
         contour.MakeBoundingBox(box);
         break;
     }
@@ -127,26 +127,23 @@ void Figures::Add(const KvContour& contour)
     // The drawing calls refuse figures of a single point.
     if (figure.count < 2 || figure.clip.left >= figure.clip.right || figure.clip.top >= figure.clip.bottom)
     {
-        points.resize(figure.first);
+        points.GiveBack(figure.points);
         return;
     }
     if (figure.kind == Kind::Polygon)
-    {
-        points.push_back(points[figure.first]);
-        ++figure.count;
-    }
+        figure.points[figure.count++] = figure.points[0];
     Enter(figure);
 }
 
 // The box is that of `MakeBoundingBox`, taken on the same walk.
-KvTRectangle<double> Figures::AddPoints(const KvTList<KvVec2d>& from, Figure& figure)
+KvTRectangle<double> Figures::TakePoints(const KvTList<KvVec2d>& from, Figure& figure)
 {
+    figure.count = std::min(static_cast<std::uint32_t>(from.count), mostPoints);
+    figure.points = points.Take(figure.count + 1); // the last one for the first again
     if (!from.head)
         return {};
     KvTRectangle<double> box(from.head->value.x, from.head->value.y, from.head->value.x, from.head->value.y);
-    figure.count = std::min(static_cast<std::uint32_t>(from.count), mostPoints);
-    points.resize(figure.first + figure.count);
-    POINT* out = points.data() + figure.first;
+    POINT* out = figure.points;
     POINT* const end = out + figure.count;
     for (const auto* node = from.head; node; node = node->next)
     {
@@ -167,7 +164,9 @@ void Figures::AddCircle(const KvTRectangle<int>& box, Figure& figure)
     const auto behind = [](int v) { return v < INT32_MAX ? v + 1 : v; };
     figure.kind = Kind::Circle;
     figure.count = 2;
-    points.insert(points.end(), {{box.left, box.top}, {behind(box.right), behind(box.bottom)}});
+    figure.points = points.Take(2);
+    figure.points[0] = {box.left, box.top};
+    figure.points[1] = {behind(box.right), behind(box.bottom)};
 }
 
 // Widths in whole pixels, rounded; a width below 2 is a line one pixel wide.
@@ -193,7 +192,7 @@ void Figures::Enter(const Figure& figure)
         return EnterPieces(figure, firstBand, lastBand);
     for (int band = firstBand; band <= lastBand; ++band)
         bands[static_cast<std::size_t>(band)].push_back(
-            {static_cast<std::uint32_t>(figures.size() - 1), figure.first, figure.count});
+            {figure.points, figure.count, static_cast<std::uint32_t>(figures.size() - 1)});
 }
 
 // A figure of many points leaves in each band only those of its lines that touch it.
@@ -203,9 +202,9 @@ void Figures::EnterPieces(const Figure& figure, int firstBand, int lastBand)
     const std::int64_t margin = figure.pen < 0 ? 0 : pens[static_cast<std::size_t>(figure.pen)].width() + 2;
     const auto bandAt = [&](std::int64_t y)
     { return static_cast<int>(std::clamp<std::int64_t>(y, figure.clip.top, figure.clip.bottom - 1) >> bandBits); };
-    for (std::uint32_t i = figure.first; i + 1 < figure.first + figure.count; ++i)
+    for (const POINT* from = figure.points; from + 1 < figure.points + figure.count; ++from)
     {
-        const auto [upper, lower] = std::minmax(points[i].y, points[i + 1].y);
+        const auto [upper, lower] = std::minmax(from[0].y, from[1].y);
         if (upper - margin >= figure.clip.bottom || lower + margin < figure.clip.top)
             continue;
         const int last = std::min(bandAt(lower + margin), lastBand);
@@ -213,10 +212,10 @@ void Figures::EnterPieces(const Figure& figure, int firstBand, int lastBand)
         {
             Pieces& pieces = bands[static_cast<std::size_t>(band)];
             Piece* open = pieces.empty() ? nullptr : &pieces.back();
-            if (open && open->figure == index && open->first + open->count == i + 1)
+            if (open && open->figure == index && open->first + open->count == from + 1)
                 ++open->count;
             else
-                pieces.push_back({index, i, 2});
+                pieces.push_back({from, 2, index});
         }
     }
 }
@@ -253,6 +252,8 @@ public:
         const int bottom = std::min(top + all.BandRows(), target.height);
         for (auto piece = pieces.begin(); piece != pieces.end();)
         {
+            if (pieces.end() - piece > ahead)
+                Fetch(piece[ahead]);
             const Figure& figure = all.figures[piece->figure];
             const auto end =
                 std::find_if(piece, pieces.end(), [&](const Piece& other) { return other.figure != piece->figure; });
@@ -267,6 +268,17 @@ public:
 
 private:
     using FigurePieces = std::span<const Piece>;
+
+    static constexpr int ahead = 6;
+
+    // Into the cache: the figures of a band lie scattered among all figures.
+    void Fetch(const Piece& piece) const
+    {
+        constexpr int line = 64 / sizeof(POINT);
+        __builtin_prefetch(&all.figures[piece.figure]);
+        __builtin_prefetch(piece.first);
+        __builtin_prefetch(piece.first + line);
+    }
 
     // Rows of a filling come in order, so each can be cleared just before its first span.
     struct ClearingFill
@@ -343,7 +355,7 @@ private:
         all.ellipse.fill(fill, clip);
     }
 
-    std::span<const POINT> PointsOf(const Piece& piece) const { return {all.points.data() + piece.first, piece.count}; }
+    std::span<const POINT> PointsOf(const Piece& piece) const { return {piece.first, piece.count}; }
 
     void ClearTo(int bottom)
     {
