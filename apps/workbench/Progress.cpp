@@ -88,9 +88,10 @@ Outcome RunWithProgress(QWidget* parent, unsigned short text, const Work& work)
     WaitUnseen(*job);
     if (!job->done)
         WaitWithBox(*job, parent, text);
-    if (job->done)
-        return {false, job->failure};
-    return {true, {}};
+    // Work that was told to stop may be done by now.
+    if (job->cancelled)
+        return {true, {}};
+    return {false, job->failure};
 }
 
 } // namespace kv::workbench
