@@ -34,6 +34,22 @@ protected:
         screen->Drag(P(from.x(), from.y()), P(to.x(), to.y()));
         screen->KeyUp(key);
     }
+
+    // The leftmost one in a part of the screen; null if there is none.
+    QPoint FirstMagenta(QRect part) const
+    {
+        const QImage shot = screen->Shot();
+        for (int x = part.left(); x <= part.right(); ++x)
+        {
+            for (int y = part.top(); y <= part.bottom(); ++y)
+            {
+                const QColor shown = shot.pixelColor(x, y);
+                if (shown.red() > 150 && shown.green() < 60 && shown.blue() > 150)
+                    return {x, y};
+            }
+        }
+        return {};
+    }
 };
 
 Figure Excluded(Figure figure)
@@ -141,19 +157,9 @@ TEST_F(RealDrawing, AtADoubledZoomTheMouseMeetsTheSamePixels)
 
 TEST_F(RealDrawing, ToolIsTakenFromTheToolbarWithTheMouse)
 {
-    // The first magenta pixel of the toolbar belongs to the rectangle's picture.
-    const QImage bar = screen->Shot().copy(0, 20, 700, 40);
     QPoint button;
-    for (int x = 0; x < bar.width() && button.isNull(); ++x)
-    {
-        for (int y = 0; y < bar.height() && button.isNull(); ++y)
-        {
-            const QColor shown = bar.pixelColor(x, y);
-            if (shown.red() > 150 && shown.green() < 60 && shown.blue() > 150)
-                button = QPoint(x + 8, y + 20);
-        }
-    }
-    ASSERT_FALSE(button.isNull());
+    WaitFor("the toolbar", [&] { return !(button = FirstMagenta({0, 20, 700, 40})).isNull(); });
+    button += QPoint(8, 0); // it belongs to the rectangle's picture
     screen->Click(button);
     screen->Drag(P(20, 30), P(120, 90));
     ExpectSaved({Rectangle(20, 30, 120, 90)});

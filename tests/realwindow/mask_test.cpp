@@ -243,7 +243,7 @@ TEST_F(RealMaskDialog, TheCheckBoxShowsTheSystemMaskAndItsBitsStay)
                 shown += ImagePixel(shot.pixel(x, y)).has_value();
         return region.width() * region.height() - shown;
     };
-    EXPECT_EQ(hidden(), 0);
+    WaitFor("the whole image", [&] { return hidden() == 0; });
     ClickControl(IDC_MASK_SHOWSYSTEM);
     WaitFor("the system mask", [&] { return hidden() >= 1000; }); // a checker of 60 x 40 pixels
     screen->Keys({"space"});                                      // the check box has the keyboard

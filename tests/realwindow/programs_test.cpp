@@ -49,7 +49,7 @@ TEST_F(RealPrograms, TheExampleHostDrawsAndUndoesByItsButtons)
     const QPoint rectangle(place.center().x(), place.top() + 20);
     const QPoint undo = rectangle + QPoint(0, 30);
     const QPoint middle = place.center() + QPoint(0, 40);
-    EXPECT_EQ(Magenta(), 0);
+    ASSERT_EQ(Magenta(), 0);
     screen->Click(rectangle);
     screen->Drag(middle - QPoint(50, 40), middle + QPoint(50, 40));
     WaitFor("a rectangle", [&] { return Magenta() >= 2 * (100 + 80); });

@@ -132,7 +132,7 @@ TEST_F(RealView, PageKeysGoThroughTheFolder)
     EXPECT_FALSE(Shows(340, 240));
     screen->Keys({"Next"});
     WaitFor("the second image", [&] { return Shows(340, 240); });
-    EXPECT_NE(screen->Window("b.png"), 0u);
+    WaitFor("its title", [&] { return screen->Window("b.png") != 0; });
     screen->Keys({"Prior"});
     WaitFor("the first image", [&] { return !Shows(340, 240) && Shows(290, 190); });
 }
@@ -181,7 +181,7 @@ TEST_F(RealView, RecentFilesOpenFromTheMenu)
     OpenedMenu();
     screen->Keys({"z", "Return"}); // "Zuletzt geöffnet", and its first file
     WaitFor("the image", [&] { return Shows(0, 0); });
-    EXPECT_NE(screen->Window("recent.png"), 0u);
+    WaitFor("its title", [&] { return screen->Window("recent.png") != 0; });
 }
 
 TEST_F(RealView, AFileThatIsNoImageIsToldAboutAndTheImageStays)
@@ -194,7 +194,7 @@ TEST_F(RealView, AFileThatIsNoImageIsToldAboutAndTheImageStays)
     screen->Keys({"Next"});
     Answer("Return");
     EXPECT_NE(screen->Window("a.png"), 0u);
-    EXPECT_TRUE(Shows(0, 0));
+    WaitFor("the image behind the message", [&] { return Shows(0, 0); });
 }
 
 } // namespace kv::realwindow

@@ -1,5 +1,4 @@
 // The workbench's way to a mask with a real mouse: the dialog by its key, a figure, and the saved file.
-#include "tests/realwindow/coordinate_image.h"
 #include "tests/realwindow/workbench.h"
 
 namespace kv::realwindow
@@ -26,9 +25,10 @@ protected:
     // Opens the dialog and paints that rectangle.
     void Paint()
     {
+        HideCorner();
         screen->Keys({"F9"});
-        const unsigned long dialog = screen->Focus("^Maskieren$");
-        const QPoint corner = CornerIn(dialog);
+        screen->Focus("^Maskieren$");
+        const QPoint corner = At(0, 0); // at the original size
         screen->Drag(corner + QPoint(20, 30), corner + QPoint(90, 70));
         screen->Keys({"Return"}); // OK takes what is placed
         WaitFor("the dialog's end", [&] { return screen->Window("^Maskieren$") == 0; });
@@ -47,16 +47,13 @@ protected:
     QStringList KeptMasks() const { return QDir(Path(".local/state/kv/autosave")).entryList({"*.mask.png"}); }
 
 private:
-    // Where the dialog shows the image's corner, at its original size.
-    QPoint CornerIn(unsigned long dialog) const
+    // Scrolls the enlarged image until the window no longer shows its corner: then only a dialog does.
+    void HideCorner() const
     {
-        const QRect place = screen->Geometry(dialog);
-        QRect corner;
-        WaitFor("the image in the dialog",
-                [&] {
-                    return !(corner = ScreenPixels(screen->Shot().copy(place), {0, 0})).isEmpty();
-                });
-        return place.topLeft() + corner.center();
+        screen->Move(At(0, 0));
+        screen->Keys(QStringList(10, "ctrl+plus"));
+        screen->Wheel(-3);
+        WaitFor("the corner to leave", [&] { return !Shows(0, 0); });
     }
 };
 } // namespace
