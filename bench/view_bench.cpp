@@ -12,6 +12,7 @@
 
 #include <cmath>
 #include <fstream>
+#include <iterator>
 #include <memory>
 #include <unistd.h>
 #include <vector>
@@ -209,90 +210,38 @@ void Scrolling(benchmark::State& state, CSize client, int extent, Path path, Ext
     state.counters["MiB_beside_AOI"] = ResidentMiB() - static_cast<double>(extent) * extent / (1 << 20);
 }
 
-BENCHMARK_CAPTURE(View, direct, Direct, false)
-    ->DenseRange(0, 3)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(View, buffered, Buffered, false)
-    ->DenseRange(0, 3)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(View, persistent, Persistent, false)
-    ->DenseRange(0, 3)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Peer, qpainter, false)
-    ->DenseRange(0, 3)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(View, direct_outlines, Direct, true)
-    ->DenseRange(0, 3)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(View, buffered_outlines, Buffered, true)
-    ->DenseRange(0, 3)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(View, persistent_outlines, Persistent, true)
-    ->DenseRange(0, 3)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Peer, qpainter_outlines, true)
-    ->DenseRange(0, 3)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Scrolling, small_aoi_direct, CSize(1600, 1000), 2000, Direct)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Scrolling, largest_aoi_direct, CSize(1600, 1000), 32767, Direct)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Scrolling, small_aoi_buffered, CSize(1600, 1000), 2000, Buffered)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Scrolling, largest_aoi_buffered, CSize(1600, 1000), 32767, Buffered)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Scrolling, large_window_direct, CSize(3840, 2160), 8000, Direct)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Scrolling, large_window_buffered, CSize(3840, 2160), 8000, Buffered)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Scrolling, largest_aoi_persistent, CSize(1600, 1000), 32767, Persistent)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
+// How frames are timed.
+void Frames(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->MeasureProcessCPUTime()->UseRealTime()->Unit(benchmark::kMicrosecond);
+}
+
+void FramesAtEachZoom(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->DenseRange(0, static_cast<int>(std::size(zooms)) - 1)->Apply(Frames);
+}
+
+BENCHMARK_CAPTURE(View, direct, Direct, false)->Apply(FramesAtEachZoom);
+BENCHMARK_CAPTURE(View, buffered, Buffered, false)->Apply(FramesAtEachZoom);
+BENCHMARK_CAPTURE(View, persistent, Persistent, false)->Apply(FramesAtEachZoom);
+BENCHMARK_CAPTURE(Peer, qpainter, false)->Apply(FramesAtEachZoom);
+BENCHMARK_CAPTURE(View, direct_outlines, Direct, true)->Apply(FramesAtEachZoom);
+BENCHMARK_CAPTURE(View, buffered_outlines, Buffered, true)->Apply(FramesAtEachZoom);
+BENCHMARK_CAPTURE(View, persistent_outlines, Persistent, true)->Apply(FramesAtEachZoom);
+BENCHMARK_CAPTURE(Peer, qpainter_outlines, true)->Apply(FramesAtEachZoom);
+BENCHMARK_CAPTURE(Scrolling, small_aoi_direct, CSize(1600, 1000), 2000, Direct)->Apply(Frames);
+BENCHMARK_CAPTURE(Scrolling, largest_aoi_direct, CSize(1600, 1000), 32767, Direct)->Apply(Frames);
+BENCHMARK_CAPTURE(Scrolling, small_aoi_buffered, CSize(1600, 1000), 2000, Buffered)->Apply(Frames);
+BENCHMARK_CAPTURE(Scrolling, largest_aoi_buffered, CSize(1600, 1000), 32767, Buffered)->Apply(Frames);
+BENCHMARK_CAPTURE(Scrolling, large_window_direct, CSize(3840, 2160), 8000, Direct)->Apply(Frames);
+BENCHMARK_CAPTURE(Scrolling, large_window_buffered, CSize(3840, 2160), 8000, Buffered)->Apply(Frames);
+BENCHMARK_CAPTURE(Scrolling, largest_aoi_persistent, CSize(1600, 1000), 32767, Persistent)->Apply(Frames);
 BENCHMARK_CAPTURE(Scrolling, largest_aoi_buffered_outlines, CSize(1600, 1000), 32767, Buffered, Drawn, true)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Scrolling, large_window_direct_shown, CSize(3840, 2160), 8000, Direct, Shown)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Scrolling, large_window_buffered_shown, CSize(3840, 2160), 8000, Buffered, Shown)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
+    ->Apply(Frames);
+BENCHMARK_CAPTURE(Scrolling, large_window_direct_shown, CSize(3840, 2160), 8000, Direct, Shown)->Apply(Frames);
+BENCHMARK_CAPTURE(Scrolling, large_window_buffered_shown, CSize(3840, 2160), 8000, Buffered, Shown)->Apply(Frames);
 BENCHMARK_CAPTURE(Scrolling, large_window_outlines_shown, CSize(3840, 2160), 8000, Buffered, Shown, true)
-    ->MeasureProcessCPUTime()
-    ->UseRealTime()
-    ->Unit(benchmark::kMicrosecond);
+    ->Apply(Frames);
 } // namespace
 
 int main(int argc, char** argv)
